@@ -1,0 +1,555 @@
+// HyAfx: handle maps and the GDI object wrappers.
+#include "afxgdi.h"
+
+#include <unordered_map>
+#include <vector>
+
+/////////////////////////////////////////////////////////////////////////////
+// Handle maps
+//
+// Permanent entries (objects that own their handle) are process-wide so that
+// an object attached on one thread is found from another. Temporary wrappers
+// are per thread and never own their handle.
+
+namespace {
+
+template <class THandle, class TObject>
+class CPermanentMap
+{
+public:
+    void Add(THandle h, TObject* p)
+    {
+        AcquireSRWLockExclusive(&m_lock);
+        m_map[h] = p;
+        ReleaseSRWLockExclusive(&m_lock);
+    }
+    void Remove(THandle h, TObject* p)
+    {
+        AcquireSRWLockExclusive(&m_lock);
+        auto it = m_map.find(h);
+        if (it != m_map.end() && it->second == p) m_map.erase(it);
+        ReleaseSRWLockExclusive(&m_lock);
+    }
+    TObject* Lookup(THandle h)
+    {
+        AcquireSRWLockShared(&m_lock);
+        auto it = m_map.find(h);
+        TObject* p = it != m_map.end() ? it->second : nullptr;
+        ReleaseSRWLockShared(&m_lock);
+        return p;
+    }
+
+private:
+    SRWLOCK m_lock = SRWLOCK_INIT;
+    std::unordered_map<THandle, TObject*> m_map;
+};
+
+// Created on first use and deliberately never destroyed: objects in other
+// modules may still detach from it while the process shuts down.
+CPermanentMap<HGDIOBJ, CGdiObject>& PermanentGdiMap()
+{
+    static auto* p = new CPermanentMap<HGDIOBJ, CGdiObject>;
+    return *p;
+}
+
+CPermanentMap<HDC, CDC>& PermanentDCMap()
+{
+    static auto* p = new CPermanentMap<HDC, CDC>;
+    return *p;
+}
+
+struct CTempMaps
+{
+    std::unordered_map<HGDIOBJ, CGdiObject*> gdi;
+    // Wrappers replaced by one of another kind for the same handle: still
+    // handed out, so they are kept until the next cleanup.
+    std::vector<CGdiObject*> gdiRetired;
+    std::unordered_map<HDC, CDC*> dc;
+
+    ~CTempMaps()
+    {
+        DeleteGdi();
+        DeleteDC();
+    }
+    void DeleteGdi()
+    {
+        for (auto& e : gdi) Free(e.second);
+        for (CGdiObject* p : gdiRetired) Free(p);
+        gdi.clear();
+        gdiRetired.clear();
+    }
+    void DeleteDC()
+    {
+        for (auto& e : dc)
+        {
+            e.second->m_hDC = NULL;
+            e.second->m_hAttribDC = NULL;
+            delete e.second;
+        }
+        dc.clear();
+    }
+    static void Free(CGdiObject* p)
+    {
+        p->m_hObject = NULL;  // a temporary wrapper never owns its handle
+        delete p;
+    }
+};
+
+thread_local CTempMaps t_tempMaps;
+
+bool IsKindOfClass(const CObject* p, const CRuntimeClass* pClass)
+{
+    for (const CRuntimeClass* c = p->GetRuntimeClass(); c != nullptr; c = c->m_pBaseClass)
+        if (c == pClass) return true;
+    return false;
+}
+
+CGdiObject* NewWrapperOfKind(const CRuntimeClass* pClass, HGDIOBJ hObject)
+{
+    if (pClass == RUNTIME_CLASS(CGdiObject))
+    {
+        // A plain lookup: answer the wrapper that fits the object's type.
+        switch (::GetObjectType(hObject))
+        {
+        case OBJ_PEN:
+        case OBJ_EXTPEN: pClass = RUNTIME_CLASS(CPen); break;
+        case OBJ_BRUSH: pClass = RUNTIME_CLASS(CBrush); break;
+        case OBJ_FONT: pClass = RUNTIME_CLASS(CFont); break;
+        case OBJ_BITMAP: pClass = RUNTIME_CLASS(CBitmap); break;
+        case OBJ_REGION: pClass = RUNTIME_CLASS(CRgn); break;
+        default: break;
+        }
+    }
+    if (pClass == RUNTIME_CLASS(CPen)) return new CPen;
+    if (pClass == RUNTIME_CLASS(CBrush)) return new CBrush;
+    if (pClass == RUNTIME_CLASS(CFont)) return new CFont;
+    if (pClass == RUNTIME_CLASS(CBitmap)) return new CBitmap;
+    if (pClass == RUNTIME_CLASS(CRgn)) return new CRgn;
+    return new CGdiObject;
+}
+
+// Hides from the optimiser that 'p' came from 'this', so that the documented
+// NULL-pointer safety of GetSafeHandle/GetSafeHdc survives.
+template <class T>
+inline const T* Opaque(const T* p)
+{
+    __asm__("" : "+r"(p));
+    return p;
+}
+
+}  // namespace
+
+// Shared with afxdc.cpp.
+CGdiObject* AfxLookupGdiObject(HGDIOBJ hObject, const CRuntimeClass* pClass);
+CDC* AfxLookupDC(HDC hDC);
+void AfxAddPermanentDC(HDC hDC, CDC* pDC);
+void AfxRemovePermanentDC(HDC hDC, CDC* pDC);
+
+CGdiObject* AfxLookupGdiObject(HGDIOBJ hObject, const CRuntimeClass* pClass)
+{
+    if (hObject == NULL) return nullptr;
+    if (CGdiObject* p = PermanentGdiMap().Lookup(hObject); p != nullptr && IsKindOfClass(p, pClass))
+        return p;
+
+    CTempMaps& maps = t_tempMaps;
+    auto it = maps.gdi.find(hObject);
+    if (it != maps.gdi.end())
+    {
+        if (IsKindOfClass(it->second, pClass)) return it->second;
+        maps.gdiRetired.push_back(it->second);
+        maps.gdi.erase(it);
+    }
+    CGdiObject* p = NewWrapperOfKind(pClass, hObject);
+    p->m_hObject = hObject;
+    maps.gdi.emplace(hObject, p);
+    return p;
+}
+
+CDC* AfxLookupDC(HDC hDC)
+{
+    if (hDC == NULL) return nullptr;
+    if (CDC* p = PermanentDCMap().Lookup(hDC)) return p;
+    CTempMaps& maps = t_tempMaps;
+    auto it = maps.dc.find(hDC);
+    if (it != maps.dc.end()) return it->second;
+    CDC* p = new CDC;
+    p->m_hDC = hDC;
+    p->m_hAttribDC = hDC;
+    maps.dc.emplace(hDC, p);
+    return p;
+}
+
+void AfxAddPermanentDC(HDC hDC, CDC* pDC) { PermanentDCMap().Add(hDC, pDC); }
+void AfxRemovePermanentDC(HDC hDC, CDC* pDC) { PermanentDCMap().Remove(hDC, pDC); }
+
+HYAFX_API void AFXAPI AfxDeleteTempGdiMaps()
+{
+    t_tempMaps.DeleteGdi();
+    t_tempMaps.DeleteDC();
+}
+
+void PASCAL CGdiObject::DeleteTempMap() { t_tempMaps.DeleteGdi(); }
+void PASCAL CDC::DeleteTempMap() { t_tempMaps.DeleteDC(); }
+
+HDC CDC::GetSafeHdc() const
+{
+    const CDC* p = Opaque(this);
+    return p != nullptr ? p->m_hDC : NULL;
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// CGdiObject
+
+IMPLEMENT_DYNAMIC(CGdiObject, CObject)
+IMPLEMENT_DYNAMIC(CPen, CGdiObject)
+IMPLEMENT_DYNAMIC(CBrush, CGdiObject)
+IMPLEMENT_DYNAMIC(CFont, CGdiObject)
+IMPLEMENT_DYNAMIC(CBitmap, CGdiObject)
+IMPLEMENT_DYNAMIC(CRgn, CGdiObject)
+
+CGdiObject::~CGdiObject()
+{
+    DeleteObject();
+}
+
+HGDIOBJ CGdiObject::GetSafeHandle() const
+{
+    const CGdiObject* p = Opaque(this);
+    return p != nullptr ? p->m_hObject : NULL;
+}
+
+CGdiObject* PASCAL CGdiObject::FromHandle(HGDIOBJ hObject)
+{
+    return AfxLookupGdiObject(hObject, RUNTIME_CLASS(CGdiObject));
+}
+
+BOOL CGdiObject::Attach(HGDIOBJ hObject)
+{
+    ASSERT(m_hObject == NULL);
+    if (hObject == NULL) return FALSE;
+    m_hObject = hObject;
+    PermanentGdiMap().Add(hObject, this);
+    return TRUE;
+}
+
+HGDIOBJ CGdiObject::Detach()
+{
+    HGDIOBJ hObject = m_hObject;
+    if (hObject != NULL) PermanentGdiMap().Remove(hObject, this);
+    m_hObject = NULL;
+    return hObject;
+}
+
+BOOL CGdiObject::DeleteObject()
+{
+    if (m_hObject == NULL) return FALSE;
+    return ::DeleteObject(Detach());
+}
+
+int CGdiObject::GetObject(int nCount, LPVOID lpObject) const
+{
+    return ::GetObject(m_hObject, nCount, lpObject);
+}
+
+UINT CGdiObject::GetObjectType() const
+{
+    return (UINT)::GetObjectType(m_hObject);
+}
+
+BOOL CGdiObject::CreateStockObject(int nIndex)
+{
+    return Attach(::GetStockObject(nIndex));
+}
+
+BOOL CGdiObject::UnrealizeObject()
+{
+    return ::UnrealizeObject(m_hObject);
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// CPen
+
+CPen* PASCAL CPen::FromHandle(HPEN hPen)
+{
+    return static_cast<CPen*>(AfxLookupGdiObject(hPen, RUNTIME_CLASS(CPen)));
+}
+
+CPen::CPen(int nPenStyle, int nWidth, COLORREF crColor)
+{
+    CreatePen(nPenStyle, nWidth, crColor);
+}
+
+CPen::CPen(int nPenStyle, int nWidth, const LOGBRUSH* pLogBrush, int nStyleCount, const DWORD* lpStyle)
+{
+    CreatePen(nPenStyle, nWidth, pLogBrush, nStyleCount, lpStyle);
+}
+
+BOOL CPen::CreatePen(int nPenStyle, int nWidth, COLORREF crColor)
+{
+    return Attach(::CreatePen(nPenStyle, nWidth, crColor));
+}
+
+BOOL CPen::CreatePen(int nPenStyle, int nWidth, const LOGBRUSH* pLogBrush, int nStyleCount, const DWORD* lpStyle)
+{
+    return Attach(::ExtCreatePen((DWORD)nPenStyle, (DWORD)nWidth, pLogBrush, (DWORD)nStyleCount, lpStyle));
+}
+
+BOOL CPen::CreatePenIndirect(LPLOGPEN lpLogPen)
+{
+    return Attach(::CreatePenIndirect(lpLogPen));
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// CBrush
+
+CBrush* PASCAL CBrush::FromHandle(HBRUSH hBrush)
+{
+    return static_cast<CBrush*>(AfxLookupGdiObject(hBrush, RUNTIME_CLASS(CBrush)));
+}
+
+CBrush::CBrush(COLORREF crColor) { CreateSolidBrush(crColor); }
+CBrush::CBrush(int nIndex, COLORREF crColor) { CreateHatchBrush(nIndex, crColor); }
+CBrush::CBrush(CBitmap* pBitmap) { CreatePatternBrush(pBitmap); }
+
+BOOL CBrush::CreateSolidBrush(COLORREF crColor)
+{
+    return Attach(::CreateSolidBrush(crColor));
+}
+
+BOOL CBrush::CreateHatchBrush(int nIndex, COLORREF crColor)
+{
+    return Attach(::CreateHatchBrush(nIndex, crColor));
+}
+
+BOOL CBrush::CreateBrushIndirect(const LOGBRUSH* lpLogBrush)
+{
+    return Attach(::CreateBrushIndirect(lpLogBrush));
+}
+
+BOOL CBrush::CreatePatternBrush(CBitmap* pBitmap)
+{
+    HBITMAP hbm = (HBITMAP)pBitmap->GetSafeHandle();
+    return hbm != NULL && Attach(::CreatePatternBrush(hbm));
+}
+
+BOOL CBrush::CreateDIBPatternBrush(const void* lpPackedDIB, UINT nUsage)
+{
+    return Attach(::CreateDIBPatternBrushPt(lpPackedDIB, nUsage));
+}
+
+BOOL CBrush::CreateSysColorBrush(int nIndex)
+{
+    return Attach(::GetSysColorBrush(nIndex));
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// CFont
+
+CFont* PASCAL CFont::FromHandle(HFONT hFont)
+{
+    return static_cast<CFont*>(AfxLookupGdiObject(hFont, RUNTIME_CLASS(CFont)));
+}
+
+BOOL CFont::CreateFontIndirect(const LOGFONT* lpLogFont)
+{
+    return Attach(::CreateFontIndirect(lpLogFont));
+}
+
+BOOL CFont::CreateFont(int nHeight, int nWidth, int nEscapement, int nOrientation, int nWeight,
+                       BYTE bItalic, BYTE bUnderline, BYTE cStrikeOut, BYTE nCharSet,
+                       BYTE nOutPrecision, BYTE nClipPrecision, BYTE nQuality,
+                       BYTE nPitchAndFamily, LPCTSTR lpszFacename)
+{
+    return Attach(::CreateFont(nHeight, nWidth, nEscapement, nOrientation, nWeight, bItalic,
+                               bUnderline, cStrikeOut, nCharSet, nOutPrecision, nClipPrecision,
+                               nQuality, nPitchAndFamily, lpszFacename));
+}
+
+BOOL CFont::CreatePointFont(int nPointSize, LPCTSTR lpszFaceName, CDC* pDC)
+{
+    LOGFONT lf = {};
+    lf.lfCharSet = DEFAULT_CHARSET;
+    lf.lfHeight = nPointSize;
+    if (lpszFaceName != NULL) lstrcpyn(lf.lfFaceName, lpszFaceName, LF_FACESIZE);
+    return CreatePointFontIndirect(&lf, pDC);
+}
+
+BOOL CFont::CreatePointFontIndirect(const LOGFONT* lpLogFont, CDC* pDC)
+{
+    HDC hDC = pDC != NULL ? pDC->m_hAttribDC : ::GetDC(NULL);
+    if (hDC == NULL) return FALSE;
+
+    // Tenths of a point -> device pixels -> logical units of the DC.
+    LOGFONT lf = *lpLogFont;
+    POINT pt[2] = { { 0, 0 }, { 0, ::MulDiv(lf.lfHeight, ::GetDeviceCaps(hDC, LOGPIXELSY), 720) } };
+    ::DPtoLP(hDC, pt, 2);
+    int height = pt[1].y - pt[0].y;
+    lf.lfHeight = -(height < 0 ? -height : height);  // negative: character height, not cell height
+
+    if (pDC == NULL) ::ReleaseDC(NULL, hDC);
+    return CreateFontIndirect(&lf);
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// CBitmap
+
+CBitmap* PASCAL CBitmap::FromHandle(HBITMAP hBitmap)
+{
+    return static_cast<CBitmap*>(AfxLookupGdiObject(hBitmap, RUNTIME_CLASS(CBitmap)));
+}
+
+BOOL CBitmap::LoadBitmap(LPCTSTR lpszResourceName)
+{
+    HINSTANCE hInst = AfxFindResourceHandle(lpszResourceName, RT_BITMAP);
+    return Attach(::LoadBitmap(hInst, lpszResourceName));
+}
+
+BOOL CBitmap::LoadBitmap(UINT nIDResource)
+{
+    return LoadBitmap(MAKEINTRESOURCE(nIDResource));
+}
+
+BOOL CBitmap::LoadOEMBitmap(UINT nIDBitmap)
+{
+    return Attach(::LoadBitmap(NULL, MAKEINTRESOURCE(nIDBitmap)));
+}
+
+BOOL CBitmap::CreateBitmap(int nWidth, int nHeight, UINT nPlanes, UINT nBitcount, const void* lpBits)
+{
+    return Attach(::CreateBitmap(nWidth, nHeight, nPlanes, nBitcount, lpBits));
+}
+
+BOOL CBitmap::CreateBitmapIndirect(LPBITMAP lpBitmap)
+{
+    return Attach(::CreateBitmapIndirect(lpBitmap));
+}
+
+BOOL CBitmap::CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight)
+{
+    return Attach(::CreateCompatibleBitmap(pDC->m_hDC, nWidth, nHeight));
+}
+
+BOOL CBitmap::CreateDiscardableBitmap(CDC* pDC, int nWidth, int nHeight)
+{
+    return Attach(::CreateDiscardableBitmap(pDC->m_hDC, nWidth, nHeight));
+}
+
+BOOL CBitmap::CreateDIBSection32(int nWidth, int nHeight, void** ppvBits)
+{
+    BITMAPINFO bmi = {};
+    bmi.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+    bmi.bmiHeader.biWidth = nWidth;
+    bmi.bmiHeader.biHeight = -nHeight;  // top-down: row 0 first in memory
+    bmi.bmiHeader.biPlanes = 1;
+    bmi.bmiHeader.biBitCount = 32;
+    bmi.bmiHeader.biCompression = BI_RGB;
+    void* pvBits = nullptr;
+    HBITMAP hbm = ::CreateDIBSection(NULL, &bmi, DIB_RGB_COLORS, &pvBits, NULL, 0);
+    if (ppvBits != NULL) *ppvBits = hbm != NULL ? pvBits : nullptr;
+    return Attach(hbm);
+}
+
+DWORD CBitmap::SetBitmapBits(DWORD dwCount, const void* lpBits)
+{
+    return (DWORD)::SetBitmapBits((HBITMAP)m_hObject, dwCount, lpBits);
+}
+
+DWORD CBitmap::GetBitmapBits(DWORD dwCount, LPVOID lpBits) const
+{
+    return (DWORD)::GetBitmapBits((HBITMAP)m_hObject, (LONG)dwCount, lpBits);
+}
+
+CSize CBitmap::SetBitmapDimension(int nWidth, int nHeight)
+{
+    CSize size;
+    ::SetBitmapDimensionEx((HBITMAP)m_hObject, nWidth, nHeight, &size);
+    return size;
+}
+
+CSize CBitmap::GetBitmapDimension() const
+{
+    CSize size;
+    ::GetBitmapDimensionEx((HBITMAP)m_hObject, &size);
+    return size;
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// CRgn
+
+CRgn* PASCAL CRgn::FromHandle(HRGN hRgn)
+{
+    return static_cast<CRgn*>(AfxLookupGdiObject(hRgn, RUNTIME_CLASS(CRgn)));
+}
+
+BOOL CRgn::CreateRectRgn(int x1, int y1, int x2, int y2)
+{
+    return Attach(::CreateRectRgn(x1, y1, x2, y2));
+}
+
+BOOL CRgn::CreateRectRgnIndirect(LPCRECT lpRect)
+{
+    return Attach(::CreateRectRgnIndirect(lpRect));
+}
+
+BOOL CRgn::CreateEllipticRgn(int x1, int y1, int x2, int y2)
+{
+    return Attach(::CreateEllipticRgn(x1, y1, x2, y2));
+}
+
+BOOL CRgn::CreateEllipticRgnIndirect(LPCRECT lpRect)
+{
+    return Attach(::CreateEllipticRgnIndirect(lpRect));
+}
+
+BOOL CRgn::CreatePolygonRgn(const POINT* lpPoints, int nCount, int nMode)
+{
+    return Attach(::CreatePolygonRgn(lpPoints, nCount, nMode));
+}
+
+BOOL CRgn::CreatePolyPolygonRgn(const POINT* lpPoints, const INT* lpPolyCounts, int nCount, int nPolyFillMode)
+{
+    return Attach(::CreatePolyPolygonRgn(lpPoints, lpPolyCounts, nCount, nPolyFillMode));
+}
+
+BOOL CRgn::CreateRoundRectRgn(int x1, int y1, int x2, int y2, int x3, int y3)
+{
+    return Attach(::CreateRoundRectRgn(x1, y1, x2, y2, x3, y3));
+}
+
+int CRgn::CombineRgn(CRgn* pRgn1, CRgn* pRgn2, int nCombineMode)
+{
+    return ::CombineRgn((HRGN)m_hObject, (HRGN)pRgn1->GetSafeHandle(), (HRGN)pRgn2->GetSafeHandle(),
+                        nCombineMode);
+}
+
+int CRgn::CopyRgn(CRgn* pRgnSrc)
+{
+    return ::CombineRgn((HRGN)m_hObject, (HRGN)pRgnSrc->GetSafeHandle(), NULL, RGN_COPY);
+}
+
+BOOL CRgn::EqualRgn(CRgn* pRgn) const
+{
+    return ::EqualRgn((HRGN)m_hObject, (HRGN)pRgn->GetSafeHandle());
+}
+
+int CRgn::OffsetRgn(int x, int y) { return ::OffsetRgn((HRGN)m_hObject, x, y); }
+int CRgn::OffsetRgn(POINT point) { return ::OffsetRgn((HRGN)m_hObject, point.x, point.y); }
+BOOL CRgn::PtInRegion(int x, int y) const { return ::PtInRegion((HRGN)m_hObject, x, y); }
+BOOL CRgn::PtInRegion(POINT point) const { return ::PtInRegion((HRGN)m_hObject, point.x, point.y); }
+BOOL CRgn::RectInRegion(LPCRECT lpRect) const { return ::RectInRegion((HRGN)m_hObject, lpRect); }
+int CRgn::GetRgnBox(LPRECT lpRect) const { return ::GetRgnBox((HRGN)m_hObject, lpRect); }
+
+void CRgn::SetRectRgn(int x1, int y1, int x2, int y2)
+{
+    ::SetRectRgn((HRGN)m_hObject, x1, y1, x2, y2);
+}
+
+void CRgn::SetRectRgn(LPCRECT lpRect)
+{
+    ::SetRectRgn((HRGN)m_hObject, lpRect->left, lpRect->top, lpRect->right, lpRect->bottom);
+}
+
+int CRgn::GetRegionData(LPRGNDATA lpRgnData, int nCount) const
+{
+    return (int)::GetRegionData((HRGN)m_hObject, (DWORD)nCount, lpRgnData);
+}

@@ -1,0 +1,15 @@
+# Cross toolchain: 64-bit Windows PE with MinGW-w64 (posix threads model).
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(HY_TRIPLE x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER   ${HY_TRIPLE}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${HY_TRIPLE}-g++-posix)
+set(CMAKE_RC_COMPILER  ${HY_TRIPLE}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${HY_TRIPLE})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+# No compiler runtime DLL beside ours.
+set(CMAKE_EXE_LINKER_FLAGS_INIT    "-static-libgcc -static-libstdc++ -static")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static-libgcc -static-libstdc++ -static")
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine-run.sh)

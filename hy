@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# HyUI driver. Usage:
+#   ./hy test      install what is missing, build both builds, run every suite
+#   ./hy gallery   install what is missing, build, run the gallery
+#                  (interactive with DISPLAY set, else it writes PNG pages)
+#   ./hy setup     only install what is missing
+#   ./hy build     setup + build both builds
+set -euo pipefail
+root=$(cd "$(dirname "$0")" && pwd)
+build=${HY_BUILD_DIR:-$root/build}
+jobs=${HY_JOBS:-$(nproc)}
+
+packages=(cmake ninja-build g++ clang libclang-rt-14-dev libmd-dev
+          libbenchmark-dev googletest valgrind
+          g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64)
+
+as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
+
+setup() {
+  local missing=()
+  for p in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+  done
+  if [ ${#missing[@]} -gt 0 ]; then
+    echo "hy: installing ${missing[*]}"
+    as_root apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+  fi
+}
+
+configure_and_build() {
+  cmake -S "$root" -B "$build/native" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+        -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang >/dev/null
+  cmake --build "$build/native" -j "$jobs"
+  cmake -S "$root" -B "$build/win" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" >/dev/null
+  cmake --build "$build/win" -j "$jobs"
+}
+
+# One wineserver for the whole run, so each suite starts in about a second.
+start_wineserver() {
+  export HY_WINEPREFIX=$build/win/wineprefix WINEPREFIX=$build/win/wineprefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+  "$root/cmake/wine-run.sh" cmd /c exit >/dev/null 2>&1 || true   # creates the prefix once
+  wineserver -p
+  trap 'wineserver -k 2>/dev/null || true' EXIT
+}
+
+cmd=${1:-test}
+case "$cmd" in
+  setup) setup ;;
+  build) setup; configure_and_build ;;
+  test)
+    setup; configure_and_build
+    start_wineserver
+    echo "== native suites (sanitizers) =="
+    ctest --test-dir "$build/native" --output-on-failure -j "$jobs"
+    echo "== Windows suites (Wine) =="
+    ctest --test-dir "$build/win" --output-on-failure -j "$jobs"
+    ;;
+  gallery)
+    setup; configure_and_build
+    start_wineserver
+    if [ -n "${DISPLAY:-}" ]; then export HY_WINE_DRIVER=x11; fi
+    "$root/cmake/wine-run.sh" "$build/win/bin/HyGallery.exe" --out "$build/gallery" "${@:2}"
+    ;;
+  *) echo "usage: ./hy [test|gallery|setup|build]" >&2; exit 2 ;;
+esac

@@ -1,0 +1,309 @@
+// The message loop, modal dialogs from the resource chain, data exchange and
+// resource lookup order.
+#include <afxwin.h>
+#include <afxdllx.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+#include "hytest.h"
+#include "warm_up.h"
+
+namespace {
+
+// ---- resource chain ----
+
+class ResourceChain
+{
+public:
+    ResourceChain()
+    {
+        first = ::LoadLibrary("chain_first.dll");
+        second = ::LoadLibrary("chain_second.dll");
+        if (first != nullptr && second != nullptr)
+        {
+            entryFirst = new CDynLinkLibrary(first, first);
+            entrySecond = new CDynLinkLibrary(second, second);
+        }
+    }
+    ~ResourceChain()
+    {
+        delete entryFirst;
+        delete entrySecond;
+        ::FreeLibrary(first);
+        ::FreeLibrary(second);
+    }
+    HMODULE first = nullptr, second = nullptr;
+    CDynLinkLibrary* entryFirst = nullptr;
+    CDynLinkLibrary* entrySecond = nullptr;
+};
+
+CString Loaded(UINT id)
+{
+    CString s;
+    if (!s.LoadString(id))
+        return "<missing>";
+    return s;
+}
+
+TEST(ResourceChainTest, FirstEntryWinsLaterEntriesFillTheGaps)
+{
+    ResourceChain chain;
+    ASSERT_NE(nullptr, chain.entryFirst);
+    EXPECT_STREQ("first", Loaded(100));
+    EXPECT_STREQ("first only", Loaded(101));
+    EXPECT_STREQ("second only", Loaded(102));
+    EXPECT_STREQ("<missing>", Loaded(103));
+    EXPECT_EQ(chain.second, AfxFindResourceHandle(MAKEINTRESOURCE(200), RT_DIALOG));
+}
+
+TEST(ResourceChainTest, UnlinkedEntryIsNoLongerSearched)
+{
+    ResourceChain chain;
+    ASSERT_NE(nullptr, chain.entryFirst);
+    delete chain.entryFirst;
+    chain.entryFirst = nullptr;
+    EXPECT_STREQ("second", Loaded(100));
+    EXPECT_STREQ("<missing>", Loaded(101));
+}
+
+TEST(ResourceChainTest, ApplicationResourceModuleComesBeforeTheChain)
+{
+    ResourceChain chain;
+    ASSERT_NE(nullptr, chain.entryFirst);
+    HINSTANCE saved = AfxGetResourceHandle();
+    AfxSetResourceHandle(chain.second);
+    EXPECT_STREQ("second", Loaded(100));
+    EXPECT_STREQ("first only", Loaded(101));
+    AfxSetResourceHandle(saved);
+}
+
+TEST(ResourceChainTest, ExtensionRecordEntriesAreCountedAndTerminated)
+{
+    ResourceChain chain;
+    ASSERT_NE(nullptr, chain.entryFirst);
+    int before = CDynLinkLibrary::GetCount();
+    static AFX_EXTENSION_MODULE record = { FALSE, nullptr, nullptr, nullptr };
+    ASSERT_TRUE(AfxInitExtensionModule(record, chain.second));
+    EXPECT_FALSE(AfxInitExtensionModule(record, nullptr));
+    new CDynLinkLibrary(record);
+    new CDynLinkLibrary(record);
+    EXPECT_EQ(before + 2, CDynLinkLibrary::GetCount());
+    AfxTermExtensionModule(record);
+    EXPECT_EQ(before, CDynLinkLibrary::GetCount());
+    EXPECT_FALSE(record.bInitialized);
+}
+
+// ---- the dialog of module chain_second: data exchange ----
+
+constexpr int IDC_NAME = 1000, IDC_COUNT = 1001, IDC_FIRST_RADIO = 1002;
+
+class CExchangeDlg : public CDialog
+{
+public:
+    CExchangeDlg() : CDialog(200) {}
+    CString m_name = "Ada";
+    int m_count = 7;
+    int m_choice = 1;
+    HWND focusAtCancel = nullptr;
+protected:
+    void DoDataExchange(CDataExchange* pDX) override
+    {
+        DDX_Text(pDX, IDC_NAME, m_name);
+        DDV_MaxChars(pDX, m_name, 10);
+        DDX_Text(pDX, IDC_COUNT, m_count);
+        DDX_Radio(pDX, IDC_FIRST_RADIO, m_choice);
+    }
+    void OnCancel() override
+    {
+        focusAtCancel = ::GetFocus();
+        CDialog::OnCancel();
+    }
+};
+
+std::string ItemText(HWND dlg, int id)
+{
+    char buf[64] = "";
+    ::GetDlgItemText(dlg, id, buf, sizeof buf);
+    return buf;
+}
+
+// The first dialog of a process creates its font and the dialog manager's
+// shared objects; guards compare after one full run.
+void WarmUpDialogs()
+{
+    WarmUpStandardControls();
+    ResourceChain chain;
+    CDialog dlg(200);
+    hytest::DialogDriver driver([](HWND h) { ::PostMessage(h, WM_COMMAND, IDOK, 0); });
+    dlg.DoModal();
+}
+
+class DialogTest : public ::testing::Test
+{
+protected:
+    hytest::ObjectGuard guard{ WarmUpDialogs };
+    ResourceChain chain;
+    hytest::MessageBoxRecorder boxes;
+};
+
+TEST_F(DialogTest, ModalDialogFromChainExchangesDataBothWays)
+{
+    CExchangeDlg dlg;
+    std::string shownName, shownCount;
+    bool secondRadio = false;
+    hytest::DialogDriver driver([&](HWND h) {
+        shownName = ItemText(h, IDC_NAME);
+        shownCount = ItemText(h, IDC_COUNT);
+        secondRadio = ::IsDlgButtonChecked(h, IDC_FIRST_RADIO + 1) == BST_CHECKED;
+        ::SetDlgItemText(h, IDC_NAME, "Grace");
+        ::SetDlgItemText(h, IDC_COUNT, " 42 ");
+        ::CheckRadioButton(h, IDC_FIRST_RADIO, IDC_FIRST_RADIO + 2, IDC_FIRST_RADIO + 2);
+        ::PostMessage(h, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), (LPARAM)::GetDlgItem(h, IDOK));
+    });
+    EXPECT_EQ(IDOK, dlg.DoModal());
+    EXPECT_EQ(1, driver.Count());
+    EXPECT_EQ("Ada", shownName);
+    EXPECT_EQ("7", shownCount);
+    EXPECT_TRUE(secondRadio);
+    EXPECT_STREQ("Grace", dlg.m_name);
+    EXPECT_EQ(42, dlg.m_count);
+    EXPECT_EQ(2, dlg.m_choice);
+    EXPECT_EQ(nullptr, dlg.m_hWnd);
+    EXPECT_EQ(0, boxes.Count());
+}
+
+TEST_F(DialogTest, OverlongTextIsRefusedAndTheDialogStaysOpen)
+{
+    CExchangeDlg dlg;
+    hytest::DialogDriver driver([&](HWND h) {
+        ::SetDlgItemText(h, IDC_NAME, "Seventeen letters");
+        ::PostMessage(h, WM_COMMAND, IDOK, 0);
+        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(IDCANCEL, dlg.DoModal());
+    ASSERT_EQ(1, boxes.Count());
+    EXPECT_EQ("Please enter no more than 10 characters.", boxes.Calls()[0].text);
+    EXPECT_EQ((UINT)MB_ICONEXCLAMATION, boxes.Calls()[0].type & MB_ICONMASK);
+    // As with the classic exchange, the text was stored before it was validated.
+    EXPECT_STREQ("Seventeen letters", dlg.m_name);
+    EXPECT_EQ(IDC_NAME, ::GetDlgCtrlID(dlg.focusAtCancel));
+}
+
+TEST_F(DialogTest, NonNumberIsRefusedWithTheFrameworkPrompt)
+{
+    CExchangeDlg dlg;
+    hytest::DialogDriver driver([&](HWND h) {
+        ::SetDlgItemText(h, IDC_COUNT, "12x");
+        ::PostMessage(h, WM_COMMAND, IDOK, 0);
+        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(IDCANCEL, dlg.DoModal());
+    ASSERT_EQ(1, boxes.Count());
+    EXPECT_EQ("Please enter an integer.", boxes.Calls()[0].text);
+    EXPECT_EQ(7, dlg.m_count);
+}
+
+TEST_F(DialogTest, EditLimitIsSetFromMaxChars)
+{
+    CExchangeDlg dlg;
+    LRESULT limit = 0;
+    hytest::DialogDriver driver([&](HWND h) {
+        limit = ::SendDlgItemMessage(h, IDC_NAME, EM_GETLIMITTEXT, 0, 0);
+        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(IDCANCEL, dlg.DoModal());
+    EXPECT_EQ(10, limit);
+}
+
+TEST_F(DialogTest, MissingTemplateReturnsMinusOne)
+{
+    CDialog dlg(4242);
+    EXPECT_EQ(-1, dlg.DoModal());
+}
+
+TEST_F(DialogTest, ManyModalRunsLeakNothing)
+{
+    auto run = [&] {
+        CExchangeDlg dlg;
+        hytest::DialogDriver driver([](HWND h) { ::PostMessage(h, WM_COMMAND, IDOK, 0); });
+        dlg.DoModal();
+    };
+    hytest::ObjectGuard local(run);
+    for (int i = 0; i < 20; ++i)
+        run();
+    EXPECT_TRUE(local.Check("20 modal runs"));
+}
+
+// ---- PreTranslateMessage ----
+
+class CKeyWatcher : public CWnd
+{
+public:
+    std::vector<UINT> seen;        // keys offered to PreTranslateMessage
+    std::vector<UINT> delivered;   // keys that reached OnKeyDown
+    UINT eat = 'Q';
+    BOOL PreTranslateMessage(MSG* pMsg) override
+    {
+        if (pMsg->message == WM_KEYDOWN)
+        {
+            seen.push_back((UINT)pMsg->wParam);
+            return pMsg->wParam == eat;
+        }
+        return FALSE;
+    }
+protected:
+    afx_msg void OnKeyDown(UINT nChar, UINT, UINT) { delivered.push_back(nChar); }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CKeyWatcher, CWnd)
+    ON_WM_KEYDOWN()
+END_MESSAGE_MAP()
+
+class CTestApp : public CWinApp
+{
+public:
+    CTestApp() : CWinApp("HyAfx tests") {}
+};
+
+TEST(MessageLoopTest, ApplicationLoopOffersKeysFromTargetUpThroughParents)
+{
+    hytest::ObjectGuard guard{ WarmUpStandardControls };
+    CTestApp app;
+    CKeyWatcher frame, child;
+    ASSERT_TRUE(frame.CreateEx(0, nullptr, "frame", WS_OVERLAPPEDWINDOW, CRect(0, 0, 200, 200), nullptr, 0));
+    ASSERT_TRUE(child.Create(nullptr, "child", WS_VISIBLE, CRect(0, 0, 50, 50), &frame, 1));
+    frame.eat = 'Z';
+    app.m_pMainWnd = &frame;
+    EXPECT_EQ(&frame, AfxGetMainWnd());
+    EXPECT_EQ(&app, AfxGetApp());
+    child.PostMessage(WM_KEYDOWN, 'A', 1);
+    child.PostMessage(WM_KEYDOWN, 'Q', 1);
+    child.PostMessage(WM_KEYDOWN, 'Z', 1);
+    ::PostQuitMessage(3);
+    EXPECT_EQ(3, app.Run());
+    EXPECT_EQ((std::vector<UINT>{ 'A', 'Q', 'Z' }), child.seen);
+    EXPECT_EQ((std::vector<UINT>{ 'A', 'Z' }), frame.seen);   // Q was eaten by the child
+    EXPECT_EQ((std::vector<UINT>{ 'A' }), child.delivered);   // Z was eaten by the frame
+    app.m_pMainWnd = nullptr;
+    frame.DestroyWindow();
+}
+
+TEST_F(DialogTest, ModalLoopOffersKeysToControlsAndDialogNavigation)
+{
+    CExchangeDlg dlg;
+    CKeyWatcher edit;
+    hytest::DialogDriver driver([&](HWND h) {
+        edit.SubclassWindow(::GetDlgItem(h, IDC_NAME));
+        HWND e = edit.m_hWnd;
+        ::PostMessage(e, WM_KEYDOWN, 'Q', 1);
+        ::PostMessage(e, WM_KEYDOWN, 'B', 1);
+        // Escape goes to the dialog manager, which cancels the dialog.
+        ::PostMessage(e, WM_KEYDOWN, VK_ESCAPE, 1);
+    });
+    EXPECT_EQ(IDCANCEL, dlg.DoModal());
+    EXPECT_EQ((std::vector<UINT>{ 'Q', 'B', VK_ESCAPE }), edit.seen);
+    EXPECT_EQ((std::vector<UINT>{ 'B' }), edit.delivered);
+}
+
+}  // namespace

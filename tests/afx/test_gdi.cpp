@@ -1,0 +1,975 @@
+// Geometry classes and GDI wrappers, drawn into real 32-bit DIB sections.
+#include <gtest/gtest.h>
+
+#include "afxgdi.h"
+#include "afxstr.h"
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+// Live entries of the process's shared GDI handle table: the PEB holds
+// GdiSharedHandleTable at 0xF8 (x64); entries are 24 bytes with the object
+// type byte at offset 14 (0 = free slot). Wine 8 fills it; GetGuiResources
+// answers 0 there.
+int CountGdiObjects()
+{
+    const BYTE* peb;
+    __asm__ volatile("movq %%gs:0x60, %0" : "=r"(peb));
+    const BYTE* table = *reinterpret_cast<const BYTE* const*>(peb + 0xF8);
+    if (table == nullptr) return -1;
+    constexpr int kEntries = 0x10000, kEntrySize = 24, kTypeOffset = 14;
+    int live = 0;
+    for (int i = 0; i < kEntries; ++i)
+        if (table[i * kEntrySize + kTypeOffset] != 0) ++live;
+    return live;
+}
+
+// A memory DC with a top-down 32-bit DIB selected, filled with one colour.
+class Surface
+{
+public:
+    Surface(int cx, int cy, COLORREF fill = RGB(255, 255, 255)) : m_cx(cx), m_cy(cy)
+    {
+        void* pv = nullptr;
+        EXPECT_TRUE(m_bitmap.CreateDIBSection32(cx, cy, &pv));
+        m_bits = static_cast<DWORD*>(pv);
+        EXPECT_TRUE(m_dc.CreateCompatibleDC(nullptr));
+        m_hOld = ::SelectObject(m_dc.m_hDC, m_bitmap.m_hObject);
+        Fill(fill);
+    }
+    ~Surface() { ::SelectObject(m_dc.m_hDC, m_hOld); }
+
+    CDC& dc() { return m_dc; }
+    void Fill(COLORREF c)
+    {
+        for (int i = 0; i < m_cx * m_cy; ++i) m_bits[i] = ToDib(c);
+    }
+    COLORREF At(int x, int y) const
+    {
+        ::GdiFlush();
+        DWORD v = m_bits[y * m_cx + x];
+        return RGB((v >> 16) & 0xFF, (v >> 8) & 0xFF, v & 0xFF);
+    }
+    int Count(const RECT& r, COLORREF c) const
+    {
+        int n = 0;
+        for (int y = r.top; y < r.bottom; ++y)
+            for (int x = r.left; x < r.right; ++x)
+                if (At(x, y) == c) ++n;
+        return n;
+    }
+    int CountAll(COLORREF c) const { return Count(CRect(0, 0, m_cx, m_cy), c); }
+    std::vector<DWORD> Snapshot() const
+    {
+        ::GdiFlush();
+        return std::vector<DWORD>(m_bits, m_bits + m_cx * m_cy);
+    }
+
+private:
+    static DWORD ToDib(COLORREF c) { return (GetRValue(c) << 16) | (GetGValue(c) << 8) | GetBValue(c); }
+
+    int m_cx, m_cy;
+    CBitmap m_bitmap;
+    CDC m_dc;
+    HGDIOBJ m_hOld = nullptr;
+    DWORD* m_bits = nullptr;
+};
+
+constexpr COLORREF kWhite = RGB(255, 255, 255);
+constexpr COLORREF kBlack = RGB(0, 0, 0);
+constexpr COLORREF kRed = RGB(255, 0, 0);
+constexpr COLORREF kBlue = RGB(0, 0, 255);
+
+}  // namespace
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiHandleCount: the leak counter itself must see objects come and go.
+
+TEST(GdiHandleCount, FollowsCreationAndDeletionOfHundredBrushes)
+{
+    const int before = CountGdiObjects();
+    ASSERT_GT(before, 0);
+    std::vector<HBRUSH> brushes;
+    for (int i = 0; i < 100; ++i) brushes.push_back(::CreateSolidBrush(RGB(i, 0, 0)));
+    EXPECT_EQ(before + 100, CountGdiObjects());
+    for (HBRUSH h : brushes) ::DeleteObject(h);
+    EXPECT_EQ(before, CountGdiObjects());
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiPoint / GdiSize
+
+TEST(GdiPoint, UnpacksSignedCoordinatesFromLParam)
+{
+    CPoint pt((DWORD)MAKELPARAM(-5, -7));
+    EXPECT_EQ(-5, pt.x);
+    EXPECT_EQ(-7, pt.y);
+    CSize size((DWORD)MAKELONG(300, -1));
+    EXPECT_EQ(300, size.cx);
+    EXPECT_EQ(-1, size.cy);
+}
+
+TEST(GdiPoint, ArithmeticWithPointsAndSizes)
+{
+    CPoint a(10, 20), b(3, 4);
+    CSize d = a - b;  // a distance
+    EXPECT_EQ(CSize(7, 16), d);
+    EXPECT_EQ(CPoint(13, 24), a + CSize(3, 4));
+    EXPECT_EQ(CPoint(-10, -20), -a);
+    a += CSize(1, 1);
+    a -= CPoint(1, 2);
+    EXPECT_EQ(CPoint(10, 19), a);
+    a.Offset(CSize(5, 5));
+    EXPECT_TRUE(a == CPoint(15, 24));
+    EXPECT_TRUE(a != CPoint(15, 25));
+    EXPECT_EQ(CSize(-2, 3), CSize(1, 1) - CSize(3, -2));
+    EXPECT_EQ(CPoint(4, 6), CSize(1, 2) + CPoint(3, 4));
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiRect
+
+TEST(GdiRect, ConstructorsAgreeOnTheSameRectangle)
+{
+    const CRect expected(10, 20, 40, 60);
+    RECT raw = { 10, 20, 40, 60 };
+    EXPECT_EQ(expected, CRect(raw));
+    EXPECT_EQ(expected, CRect(&raw));
+    EXPECT_EQ(expected, CRect(CPoint(10, 20), CSize(30, 40)));
+    EXPECT_EQ(expected, CRect(CPoint(10, 20), CPoint(40, 60)));
+    EXPECT_EQ(30, expected.Width());
+    EXPECT_EQ(40, expected.Height());
+    EXPECT_EQ(CSize(30, 40), expected.Size());
+    EXPECT_EQ(CPoint(25, 40), expected.CenterPoint());
+}
+
+TEST(GdiRect, CornerReferencesWriteThroughToTheRectangle)
+{
+    CRect r(0, 0, 10, 10);
+    r.TopLeft() = CPoint(2, 3);
+    r.BottomRight().Offset(5, 5);
+    EXPECT_EQ(CRect(2, 3, 15, 15), r);
+    const CRect& cr = r;
+    EXPECT_EQ(&cr.TopLeft().x, &r.left);
+    EXPECT_EQ(&cr.BottomRight().y, &r.bottom);
+}
+
+TEST(GdiRect, NormalizeSwapsReversedEdges)
+{
+    CRect r(50, 40, 10, 5);
+    EXPECT_TRUE(r.IsRectEmpty());
+    r.NormalizeRect();
+    EXPECT_EQ(CRect(10, 5, 50, 40), r);
+    EXPECT_FALSE(r.IsRectEmpty());
+    CRect half(0, 30, 20, 10);
+    half.NormalizeRect();
+    EXPECT_EQ(CRect(0, 10, 20, 30), half);
+}
+
+TEST(GdiRect, EmptyAndNullAreDifferentThings)
+{
+    EXPECT_TRUE(CRect(5, 5, 5, 20).IsRectEmpty());
+    EXPECT_FALSE(CRect(5, 5, 5, 20).IsRectNull());
+    EXPECT_TRUE(CRect(0, 0, 0, 0).IsRectNull());
+    EXPECT_TRUE(CRect().IsRectNull());
+    CRect r(1, 2, 3, 4);
+    r.SetRectEmpty();
+    EXPECT_TRUE(r.IsRectNull());
+}
+
+TEST(GdiRect, PtInRectExcludesRightAndBottomEdges)
+{
+    CRect r(10, 10, 20, 20);
+    EXPECT_TRUE(r.PtInRect(CPoint(10, 10)));
+    EXPECT_TRUE(r.PtInRect(CPoint(19, 19)));
+    EXPECT_FALSE(r.PtInRect(CPoint(20, 15)));
+    EXPECT_FALSE(r.PtInRect(CPoint(15, 20)));
+    EXPECT_FALSE(r.PtInRect(CPoint(9, 15)));
+}
+
+TEST(GdiRect, IntersectionOfOverlappingAndDisjointRectangles)
+{
+    CRect a(0, 0, 100, 50), b(60, 20, 200, 80);
+    CRect i;
+    EXPECT_TRUE(i.IntersectRect(a, b));
+    EXPECT_EQ(CRect(60, 20, 100, 50), i);
+    EXPECT_EQ(i, a & b);
+
+    CRect disjoint(1, 1, 2, 2);
+    EXPECT_FALSE(disjoint.IntersectRect(a, CRect(300, 300, 400, 400)));
+    EXPECT_TRUE(disjoint.IsRectNull());  // an empty result is all zero
+
+    CRect touching = a & CRect(100, 0, 150, 50);  // shares only the edge
+    EXPECT_TRUE(touching.IsRectEmpty());
+
+    CRect c = a;
+    c &= b;
+    EXPECT_EQ(i, c);
+}
+
+TEST(GdiRect, UnionIgnoresEmptyRectangles)
+{
+    CRect a(0, 0, 10, 10), b(20, 5, 30, 40);
+    CRect u;
+    EXPECT_TRUE(u.UnionRect(a, b));
+    EXPECT_EQ(CRect(0, 0, 30, 40), u);
+    EXPECT_EQ(u, a | b);
+    // An empty rectangle far away does not stretch the union.
+    EXPECT_EQ(a, a | CRect(500, 500, 500, 600));
+    CRect c = a;
+    c |= b;
+    EXPECT_EQ(u, c);
+}
+
+TEST(GdiRect, SubtractRemovesOnlyAFullSide)
+{
+    CRect r;
+    EXPECT_TRUE(r.SubtractRect(CRect(0, 0, 100, 100), CRect(0, 0, 100, 30)));
+    EXPECT_EQ(CRect(0, 30, 100, 100), r);
+    // A hole in the middle leaves the source rectangle unchanged.
+    r.SubtractRect(CRect(0, 0, 100, 100), CRect(10, 10, 20, 20));
+    EXPECT_EQ(CRect(0, 0, 100, 100), r);
+}
+
+TEST(GdiRect, InflateAndDeflateOverloads)
+{
+    CRect r(10, 10, 20, 20);
+    r.InflateRect(2, 3);
+    EXPECT_EQ(CRect(8, 7, 22, 23), r);
+    r.DeflateRect(2, 3);
+    EXPECT_EQ(CRect(10, 10, 20, 20), r);
+    r.InflateRect(CSize(1, 1));
+    EXPECT_EQ(CRect(9, 9, 21, 21), r);
+    r.DeflateRect(CSize(1, 1));
+    // Per-side amounts: each side moves outwards by its own value.
+    r.InflateRect(1, 2, 3, 4);
+    EXPECT_EQ(CRect(9, 8, 23, 24), r);
+    r.DeflateRect(1, 2, 3, 4);
+    EXPECT_EQ(CRect(10, 10, 20, 20), r);
+    RECT sides = { 1, 2, 3, 4 };
+    r.InflateRect(&sides);
+    EXPECT_EQ(CRect(9, 8, 23, 24), r);
+    r.DeflateRect(&sides);
+    EXPECT_EQ(CRect(10, 10, 20, 20), r);
+    // The operators with a RECT pointer are the same per-side operations.
+    EXPECT_EQ(CRect(9, 8, 23, 24), r + &sides);
+    EXPECT_EQ(CRect(11, 12, 17, 16), r - &sides);
+    r += &sides;
+    r -= &sides;
+    EXPECT_EQ(CRect(10, 10, 20, 20), r);
+}
+
+TEST(GdiRect, OffsetByPointSizeAndOperators)
+{
+    CRect r(0, 0, 10, 5);
+    r.OffsetRect(3, 4);
+    EXPECT_EQ(CRect(3, 4, 13, 9), r);
+    r.OffsetRect(CPoint(-3, -4));
+    r.OffsetRect(CSize(1, 1));
+    EXPECT_EQ(CRect(1, 1, 11, 6), r);
+    EXPECT_EQ(CRect(3, 4, 13, 9), r + CPoint(2, 3));
+    EXPECT_EQ(CRect(0, 0, 10, 5), r - CSize(1, 1));
+    r += CSize(1, 0);
+    r -= CPoint(0, 1);
+    EXPECT_EQ(CRect(2, 0, 12, 5), r);
+    EXPECT_TRUE(r != CRect(2, 0, 12, 6));
+    CRect copy;
+    copy = static_cast<const RECT&>(r);
+    EXPECT_TRUE(copy.EqualRect(r));
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiObjects: ownership and handle maps
+
+TEST(GdiObjects, DestroyingAnAttachedObjectDeletesItsHandle)
+{
+    HGDIOBJ h;
+    {
+        CBrush brush(kRed);
+        h = brush.m_hObject;
+        ASSERT_NE(nullptr, h);
+        EXPECT_EQ(OBJ_BRUSH, ::GetObjectType(h));
+    }
+    EXPECT_EQ(0u, (unsigned)::GetObjectType(h));
+}
+
+TEST(GdiObjects, DetachedHandleSurvivesTheObject)
+{
+    HGDIOBJ h;
+    {
+        CPen pen(PS_SOLID, 1, kBlue);
+        h = pen.Detach();
+        EXPECT_EQ(nullptr, pen.GetSafeHandle());
+    }
+    EXPECT_EQ(OBJ_PEN, ::GetObjectType(h));
+    ::DeleteObject(h);
+}
+
+TEST(GdiObjects, GetSafeHandleOfNullPointerIsNull)
+{
+    CBrush* volatile pNone = nullptr;  // volatile: a pointer the compiler cannot prove null
+    EXPECT_EQ(nullptr, pNone->GetSafeHandle());
+    EXPECT_EQ(nullptr, (HBRUSH)*pNone);
+    CDC* volatile pNoDC = nullptr;
+    EXPECT_EQ(nullptr, pNoDC->GetSafeHdc());
+}
+
+TEST(GdiObjects, FromHandleFindsTheOwningObject)
+{
+    CFont font;
+    ASSERT_TRUE(font.CreatePointFont(90, "Arial"));
+    EXPECT_EQ(&font, CFont::FromHandle((HFONT)font.m_hObject));
+    EXPECT_EQ(&font, CGdiObject::FromHandle(font.m_hObject));
+    HGDIOBJ h = font.Detach();
+    EXPECT_NE(&font, CGdiObject::FromHandle(h));  // no longer owned: a temporary wrapper
+    AfxDeleteTempGdiMaps();
+    ::DeleteObject(h);
+}
+
+TEST(GdiObjects, TemporaryWrappersAreReusedAndFreedWithoutDeletingTheHandle)
+{
+    HBRUSH h = ::CreateSolidBrush(kRed);
+    CBrush* p1 = CBrush::FromHandle(h);
+    ASSERT_NE(nullptr, p1);
+    EXPECT_EQ(h, p1->m_hObject);
+    EXPECT_EQ(p1, CBrush::FromHandle(h));  // one wrapper per handle
+    EXPECT_EQ(p1, CGdiObject::FromHandle(h));
+    AfxDeleteTempGdiMaps();
+    EXPECT_EQ(OBJ_BRUSH, ::GetObjectType(h));
+    LOGBRUSH lb = {};
+    EXPECT_EQ((int)sizeof(lb), CBrush::FromHandle(h)->GetLogBrush(&lb));
+    EXPECT_EQ(kRed, lb.lbColor);
+    AfxDeleteTempGdiMaps();
+    EXPECT_TRUE(::DeleteObject(h));
+    EXPECT_EQ(nullptr, CGdiObject::FromHandle(nullptr));
+}
+
+TEST(GdiObjects, TemporaryWrappersAreKeptPerThreadAndFreedWhenTheThreadEnds)
+{
+    struct Shared { HBRUSH brush; CBrush* pOtherThreads; CDC* pOtherThreadsDC; HDC dc; } shared{};
+    shared.brush = ::CreateSolidBrush(kBlue);
+    shared.dc = ::CreateCompatibleDC(nullptr);
+    HANDLE thread = ::CreateThread(nullptr, 0, [](LPVOID pv) -> DWORD {
+        auto* p = static_cast<Shared*>(pv);
+        p->pOtherThreads = CBrush::FromHandle(p->brush);
+        p->pOtherThreadsDC = CDC::FromHandle(p->dc);
+        return 0;  // ends with its temporary wrappers still in place
+    }, &shared, 0, nullptr);
+    ASSERT_NE(nullptr, thread);
+    ::WaitForSingleObject(thread, INFINITE);
+    ::CloseHandle(thread);
+    ASSERT_NE(nullptr, shared.pOtherThreads);
+    // This thread has its own map, and the ended thread's cleanup left the
+    // handles alone.
+    EXPECT_EQ(OBJ_BRUSH, ::GetObjectType(shared.brush));
+    EXPECT_EQ(OBJ_MEMDC, ::GetObjectType(shared.dc));
+    EXPECT_EQ(shared.brush, CBrush::FromHandle(shared.brush)->m_hObject);
+    AfxDeleteTempGdiMaps();
+    ::DeleteObject(shared.brush);
+    ::DeleteDC(shared.dc);
+}
+
+TEST(GdiObjects, GenericLookupAnswersAWrapperOfTheObjectsKind)
+{
+    CPen pen(PS_SOLID, 1, kRed);
+    HGDIOBJ stockPen = ::GetStockObject(BLACK_PEN), stockFont = ::GetStockObject(DEFAULT_GUI_FONT);
+    EXPECT_TRUE(CGdiObject::FromHandle(stockPen)->IsKindOf(RUNTIME_CLASS(CPen)));
+    EXPECT_TRUE(CGdiObject::FromHandle(stockFont)->IsKindOf(RUNTIME_CLASS(CFont)));
+    EXPECT_TRUE(CGdiObject::FromHandle(::GetStockObject(WHITE_BRUSH))->IsKindOf(RUNTIME_CLASS(CBrush)));
+    // A wrapper of the wrong kind is replaced, not handed out as another type.
+    CGdiObject* pGeneric = CGdiObject::FromHandle(stockPen);
+    CBrush* pWrong = CBrush::FromHandle((HBRUSH)stockPen);
+    EXPECT_NE((CGdiObject*)pWrong, pGeneric);
+    EXPECT_TRUE(pWrong->IsKindOf(RUNTIME_CLASS(CBrush)));
+    AfxDeleteTempGdiMaps();
+    EXPECT_EQ(OBJ_PEN, ::GetObjectType(stockPen));
+}
+
+TEST(GdiObjects, TemporaryMapsDoNotLeakGdiObjects)
+{
+    auto round = [] {
+        Surface s(8, 8);
+        for (int i = 0; i < 50; ++i)
+        {
+            CBrush brush(RGB(i, i, i));
+            CBrush* pOld = s.dc().SelectObject(&brush);
+            s.dc().GetCurrentPen();
+            s.dc().GetCurrentFont();
+            CDC::FromHandle(s.dc().m_hDC);
+            s.dc().SelectObject(pOld);
+        }
+        AfxDeleteTempGdiMaps();
+    };
+    round();  // warm-up
+    const int before = CountGdiObjects();
+    for (int i = 0; i < 5; ++i) round();
+    EXPECT_EQ(before, CountGdiObjects());
+}
+
+TEST(GdiObjects, CreatePointFontConvertsTenthsOfAPointToPixels)
+{
+    Surface s(4, 4);
+    CFont font;
+    ASSERT_TRUE(font.CreatePointFont(120, "Arial", &s.dc()));
+    LOGFONT lf = {};
+    font.GetLogFont(&lf);
+    const int dpi = s.dc().GetDeviceCaps(LOGPIXELSY);
+    EXPECT_EQ(-::MulDiv(12, dpi, 72), lf.lfHeight);
+    EXPECT_STREQ("Arial", lf.lfFaceName);
+
+    // In a mapping mode of tenths of a millimetre the height follows it.
+    s.dc().SetMapMode(MM_LOMETRIC);
+    CFont metric;
+    ASSERT_TRUE(metric.CreatePointFont(720, "Arial", &s.dc()));  // one inch
+    metric.GetLogFont(&lf);
+    EXPECT_NEAR(-254, lf.lfHeight, 3);
+}
+
+TEST(GdiObjects, LoadBitmapOfMissingResourceFailsCleanly)
+{
+    CBitmap bmp;
+    EXPECT_FALSE(bmp.LoadBitmap(0x7F3Eu));
+    EXPECT_EQ(nullptr, bmp.GetSafeHandle());
+    EXPECT_FALSE(bmp.LoadBitmap("NO_SUCH_BITMAP"));
+    EXPECT_EQ(nullptr, bmp.GetSafeHandle());
+}
+
+TEST(GdiObjects, BitmapReportsItsGeometry)
+{
+    CBitmap dib;
+    ASSERT_TRUE(dib.CreateDIBSection32(37, 11));
+    BITMAP bm = {};
+    ASSERT_EQ((int)sizeof(bm), dib.GetBitmap(&bm));
+    EXPECT_EQ(37, bm.bmWidth);
+    EXPECT_EQ(11, bm.bmHeight);
+    EXPECT_EQ(32, bm.bmBitsPixel);
+    dib.SetBitmapDimension(100, 200);
+    EXPECT_EQ(CSize(100, 200), dib.GetBitmapDimension());
+
+    CBitmap mono;
+    ASSERT_TRUE(mono.CreateBitmap(16, 2, 1, 1, nullptr));
+    mono.GetBitmap(&bm);
+    EXPECT_EQ(1, bm.bmBitsPixel);
+}
+
+TEST(GdiObjects, RegionsCombineAndAnswerHitTests)
+{
+    CRgn a, b, sum;
+    ASSERT_TRUE(a.CreateRectRgn(0, 0, 10, 10));
+    ASSERT_TRUE(b.CreateRectRgnIndirect(CRect(5, 5, 20, 20)));
+    ASSERT_TRUE(sum.CreateRectRgn(0, 0, 0, 0));
+    EXPECT_EQ(COMPLEXREGION, sum.CombineRgn(&a, &b, RGN_OR));
+    EXPECT_TRUE(sum.PtInRegion(2, 2));
+    EXPECT_TRUE(sum.PtInRegion(CPoint(18, 18)));
+    EXPECT_FALSE(sum.PtInRegion(18, 2));
+    CRect box;
+    EXPECT_EQ(COMPLEXREGION, sum.GetRgnBox(&box));
+    EXPECT_EQ(CRect(0, 0, 20, 20), box);
+    EXPECT_TRUE(sum.RectInRegion(CRect(15, 0, 25, 6)));
+    EXPECT_FALSE(sum.RectInRegion(CRect(12, 0, 25, 4)));
+
+    CRgn copy;
+    copy.CreateRectRgn(0, 0, 0, 0);
+    copy.CopyRgn(&sum);
+    EXPECT_TRUE(copy.EqualRgn(&sum));
+    copy.OffsetRgn(CPoint(1, 0));
+    EXPECT_FALSE(copy.EqualRgn(&sum));
+    copy.SetRectRgn(CRect(0, 0, 10, 10));
+    EXPECT_TRUE(copy.EqualRgn(&a));
+
+    CRgn ellipse;
+    ASSERT_TRUE(ellipse.CreateEllipticRgn(0, 0, 20, 20));
+    EXPECT_TRUE(ellipse.PtInRegion(10, 10));
+    EXPECT_FALSE(ellipse.PtInRegion(1, 1));
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiSelect: selection answers the previous object, so a restore restores.
+
+TEST(GdiSelect, SelectObjectAnswersThePreviousObjectOfTheSameKind)
+{
+    Surface s(8, 8);
+    CDC& dc = s.dc();
+    HGDIOBJ hDefaultPen = ::GetCurrentObject(dc.m_hDC, OBJ_PEN);
+    CPen red(PS_SOLID, 1, kRed), blue(PS_SOLID, 1, kBlue);
+
+    CPen* pOld = dc.SelectObject(&red);
+    ASSERT_NE(nullptr, pOld);
+    EXPECT_EQ(hDefaultPen, pOld->m_hObject);
+    EXPECT_EQ(red.m_hObject, ::GetCurrentObject(dc.m_hDC, OBJ_PEN));
+    // Our own pen comes back as itself, not as a copy.
+    EXPECT_EQ(&red, dc.SelectObject(&blue));
+    EXPECT_EQ(&blue, dc.GetCurrentPen());
+    dc.SelectObject(pOld);
+    EXPECT_EQ(hDefaultPen, ::GetCurrentObject(dc.m_hDC, OBJ_PEN));
+
+    CFont font;
+    font.CreatePointFont(100, "Arial");
+    HGDIOBJ hDefaultFont = ::GetCurrentObject(dc.m_hDC, OBJ_FONT);
+    CFont* pOldFont = dc.SelectObject(&font);
+    EXPECT_EQ(hDefaultFont, pOldFont->m_hObject);
+    EXPECT_EQ(&font, dc.GetCurrentFont());
+    dc.SelectObject(pOldFont);
+    EXPECT_EQ(hDefaultFont, ::GetCurrentObject(dc.m_hDC, OBJ_FONT));
+
+    CBrush brush(kRed);
+    HGDIOBJ hDefaultBrush = ::GetCurrentObject(dc.m_hDC, OBJ_BRUSH);
+    CGdiObject* pOldBrush = dc.SelectObject(static_cast<CGdiObject*>(&brush));
+    EXPECT_TRUE(pOldBrush->IsKindOf(RUNTIME_CLASS(CBrush)));
+    EXPECT_EQ(hDefaultBrush, pOldBrush->m_hObject);
+    CGdiObject* pStock = dc.SelectStockObject(NULL_BRUSH);
+    EXPECT_EQ(&brush, pStock);
+    dc.SelectObject(pOldBrush);
+    EXPECT_EQ(hDefaultBrush, ::GetCurrentObject(dc.m_hDC, OBJ_BRUSH));
+    AfxDeleteTempGdiMaps();
+}
+
+TEST(GdiSelect, BitmapSelectionSwapsTheSurface)
+{
+    CDC dc;
+    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+    CBitmap a, b;
+    a.CreateDIBSection32(4, 4);
+    b.CreateDIBSection32(4, 4);
+    CBitmap* pOriginal = dc.SelectObject(&a);
+    ASSERT_NE(nullptr, pOriginal);
+    EXPECT_EQ(&a, dc.SelectObject(&b));
+    EXPECT_EQ(&b, dc.GetCurrentBitmap());
+    dc.SelectObject(pOriginal);
+    EXPECT_EQ(pOriginal->m_hObject, ::GetCurrentObject(dc.m_hDC, OBJ_BITMAP));
+    AfxDeleteTempGdiMaps();
+}
+
+TEST(GdiSelect, ScopeHelperRestoresOnExit)
+{
+    Surface s(8, 8);
+    HGDIOBJ hDefaultBrush = ::GetCurrentObject(s.dc().m_hDC, OBJ_BRUSH);
+    CBrush brush(kBlue);
+    {
+        CDCSelect sel(s.dc(), &brush);
+        EXPECT_EQ(brush.m_hObject, ::GetCurrentObject(s.dc().m_hDC, OBJ_BRUSH));
+        EXPECT_EQ(hDefaultBrush, sel.GetOldHandle());
+    }
+    EXPECT_EQ(hDefaultBrush, ::GetCurrentObject(s.dc().m_hDC, OBJ_BRUSH));
+    {
+        CDCSaveState save(s.dc());
+        s.dc().SelectObject(&brush);
+        s.dc().SetTextColor(kRed);
+        s.dc().SetViewportOrg(5, 5);
+    }
+    EXPECT_EQ(hDefaultBrush, ::GetCurrentObject(s.dc().m_hDC, OBJ_BRUSH));
+    EXPECT_NE(kRed, s.dc().GetTextColor());
+    EXPECT_EQ(CPoint(0, 0), s.dc().GetViewportOrg());
+    // The brush can be deleted now: nothing holds it selected.
+    EXPECT_TRUE(brush.DeleteObject());
+}
+
+TEST(GdiSelect, RegionSelectionClipsAndAnswersTheRegionType)
+{
+    Surface s(20, 20);
+    CRgn rgn;
+    rgn.CreateRectRgn(5, 5, 10, 10);
+    EXPECT_EQ(SIMPLEREGION, s.dc().SelectObject(&rgn));
+    s.dc().FillSolidRect(0, 0, 20, 20, kRed);
+    EXPECT_EQ(25, s.CountAll(kRed));
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiDC: attachment, temporaries, attributes
+
+TEST(GdiDC, TemporaryDCWrapperDoesNotDeleteTheDC)
+{
+    HDC hdc = ::CreateCompatibleDC(nullptr);
+    CDC* p = CDC::FromHandle(hdc);
+    ASSERT_NE(nullptr, p);
+    EXPECT_EQ(hdc, p->m_hDC);
+    EXPECT_EQ(hdc, p->m_hAttribDC);
+    EXPECT_EQ(p, CDC::FromHandle(hdc));
+    AfxDeleteTempGdiMaps();
+    EXPECT_EQ(OBJ_MEMDC, ::GetObjectType(hdc));
+    EXPECT_TRUE(::DeleteDC(hdc));
+}
+
+TEST(GdiDC, DestroyingACDCDeletesItsDCAndFromHandleFindsIt)
+{
+    HDC hdc;
+    {
+        CDC dc;
+        ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+        hdc = dc.m_hDC;
+        EXPECT_EQ(&dc, CDC::FromHandle(hdc));
+    }
+    EXPECT_EQ(0u, (unsigned)::GetObjectType(hdc));
+}
+
+TEST(GdiDC, FillSolidRectFillsExactlyAndLeavesTheBackgroundColourSet)
+{
+    Surface s(20, 20);
+    s.dc().SetBkColor(kBlue);
+    s.dc().FillSolidRect(CRect(2, 3, 7, 9), kRed);
+    EXPECT_EQ(30, s.Count(CRect(2, 3, 7, 9), kRed));
+    EXPECT_EQ(30, s.CountAll(kRed));
+    EXPECT_EQ(kRed, s.dc().GetBkColor());  // deliberately not restored
+    s.dc().FillSolidRect(10, 10, 3, 2, kBlack);
+    EXPECT_EQ(6, s.CountAll(kBlack));
+    EXPECT_EQ(kBlack, s.At(12, 11));
+}
+
+TEST(GdiDC, MoveToAnswersThePreviousPositionAndLinesUseIt)
+{
+    Surface s(20, 20);
+    CPen pen(PS_SOLID, 1, kRed);
+    CDCSelect sel(s.dc(), &pen);
+    s.dc().MoveTo(2, 5);
+    EXPECT_EQ(CPoint(2, 5), s.dc().MoveTo(CPoint(1, 1)));
+    s.dc().LineTo(11, 1);  // the end point is not drawn
+    EXPECT_EQ(10, s.CountAll(kRed));
+    EXPECT_EQ(CPoint(11, 1), s.dc().GetCurrentPosition());
+}
+
+TEST(GdiDC, ViewportOriginShiftsDrawingAndConversions)
+{
+    Surface s(20, 20);
+    EXPECT_EQ(CPoint(0, 0), s.dc().SetViewportOrg(5, 6));
+    EXPECT_EQ(CPoint(5, 6), s.dc().OffsetViewportOrg(1, 1));
+    EXPECT_EQ(CPoint(6, 7), s.dc().GetViewportOrg());
+    s.dc().FillSolidRect(0, 0, 1, 1, kRed);
+    EXPECT_EQ(kRed, s.At(6, 7));
+    CPoint pt(0, 0);
+    s.dc().LPtoDP(&pt);
+    EXPECT_EQ(CPoint(6, 7), pt);
+    CRect r(6, 7, 8, 9);
+    s.dc().DPtoLP(&r);
+    EXPECT_EQ(CRect(0, 0, 2, 2), r);
+
+    s.dc().SetViewportOrg(0, 0);
+    s.dc().SetMapMode(MM_ANISOTROPIC);
+    s.dc().SetWindowExt(10, 10);
+    s.dc().SetViewportExt(20, -20);
+    CSize size(3, 4);
+    s.dc().LPtoDP(&size);
+    EXPECT_EQ(CSize(6, 8), size);  // sizes keep their sign
+    s.dc().DPtoLP(&size);
+    EXPECT_EQ(CSize(3, 4), size);
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiDraw: pixel results of the rectangle helpers
+
+TEST(GdiDraw, Draw3dRectColoursSidesAndGivesCornersToTheBottomRight)
+{
+    Surface s(20, 20);
+    s.dc().Draw3dRect(CRect(2, 2, 12, 8), kRed, kBlue);
+    // top row: x 2..10 red, the top-right corner (11,2) blue
+    for (int x = 2; x <= 10; ++x) EXPECT_EQ(kRed, s.At(x, 2)) << x;
+    EXPECT_EQ(kBlue, s.At(11, 2));
+    // left column: y 2..6 red, the bottom-left corner (2,7) blue
+    for (int y = 2; y <= 6; ++y) EXPECT_EQ(kRed, s.At(2, y)) << y;
+    EXPECT_EQ(kBlue, s.At(2, 7));
+    for (int x = 2; x <= 11; ++x) EXPECT_EQ(kBlue, s.At(x, 7)) << x;
+    for (int y = 2; y <= 7; ++y) EXPECT_EQ(kBlue, s.At(11, y)) << y;
+    EXPECT_EQ(9 + 5 - 1, s.CountAll(kRed));
+    EXPECT_EQ(10 + 6 - 1, s.CountAll(kBlue));
+    EXPECT_EQ(4 * 8, s.Count(CRect(3, 3, 11, 7), kWhite));  // inside untouched
+
+    Surface t(20, 20);
+    t.dc().Draw3dRect(2, 2, 10, 6, kRed, kBlue);
+    EXPECT_EQ(s.Snapshot(), t.Snapshot());
+}
+
+TEST(GdiDraw, FrameRectDrawsAOnePixelBorder)
+{
+    Surface s(20, 20);
+    CBrush brush(kRed);
+    s.dc().FrameRect(CRect(3, 3, 13, 9), &brush);
+    EXPECT_EQ(2 * 10 + 2 * 4, s.CountAll(kRed));
+    EXPECT_EQ(kRed, s.At(3, 3));
+    EXPECT_EQ(kRed, s.At(12, 8));
+    EXPECT_EQ(kWhite, s.At(13, 8));
+    EXPECT_EQ(kWhite, s.At(4, 4));
+
+    s.Fill(kWhite);
+    s.dc().FillRect(CRect(1, 1, 4, 4), &brush);
+    EXPECT_EQ(9, s.CountAll(kRed));
+}
+
+TEST(GdiDraw, DrawFocusRectIsDottedAndUndoneByASecondCall)
+{
+    Surface s(30, 20);
+    const auto clean = s.Snapshot();
+    CRect r(2, 2, 22, 12);
+    s.dc().DrawFocusRect(r);
+    const int changed = s.CountAll(kBlack);
+    // Every other pixel of the 60-pixel outline, nothing inside.
+    EXPECT_GE(changed, 26);
+    EXPECT_LE(changed, 34);
+    EXPECT_EQ(0, s.Count(CRect(3, 3, 21, 11), kBlack));
+    EXPECT_NE(s.At(2, 2), s.At(3, 2));
+    s.dc().DrawFocusRect(r);
+    EXPECT_EQ(clean, s.Snapshot());
+}
+
+TEST(GdiDraw, InvertRectTwiceRestores)
+{
+    Surface s(10, 10);
+    s.dc().FillSolidRect(0, 0, 5, 10, kRed);
+    const auto before = s.Snapshot();
+    s.dc().InvertRect(CRect(2, 2, 8, 8));
+    EXPECT_EQ(RGB(0, 255, 255), s.At(3, 3));
+    EXPECT_EQ(kBlack, s.At(6, 6));
+    s.dc().InvertRect(CRect(2, 2, 8, 8));
+    EXPECT_EQ(before, s.Snapshot());
+}
+
+TEST(GdiDraw, DrawEdgeSunkenUsesShadowOnTopLeft)
+{
+    Surface s(20, 20, RGB(1, 2, 3));
+    CRect r(0, 0, 20, 20);
+    s.dc().DrawEdge(r, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+    EXPECT_EQ(CRect(2, 2, 18, 18), r);  // adjusted to the interior
+    EXPECT_EQ(::GetSysColor(COLOR_BTNSHADOW), s.At(5, 0));
+    EXPECT_EQ(::GetSysColor(COLOR_BTNHIGHLIGHT), s.At(5, 19));
+    EXPECT_EQ(RGB(1, 2, 3), s.At(10, 10));
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiDragRect: XOR drag feedback
+
+TEST(GdiDragRect, DrawingTheSameRectangleTwiceRestoresThePixels)
+{
+    Surface s(40, 40);
+    s.dc().FillSolidRect(0, 0, 20, 40, kRed);
+    const auto clean = s.Snapshot();
+    CRect r(5, 5, 30, 25);
+    s.dc().DrawDragRect(r, CSize(3, 3), nullptr, CSize(0, 0));
+    EXPECT_NE(clean, s.Snapshot());
+    EXPECT_EQ(clean[15 * 40 + 15], s.Snapshot()[15 * 40 + 15]);  // inside untouched
+    // Erase: the same rectangle as the last one, an empty new frame.
+    s.dc().DrawDragRect(CRect(0, 0, 0, 0), CSize(0, 0), r, CSize(3, 3));
+    EXPECT_EQ(clean, s.Snapshot());
+}
+
+TEST(GdiDragRect, MovingDrawsTheNewFrameAndErasesTheOld)
+{
+    CBrush white(kWhite);  // pattern XOR white: every frame pixel is inverted
+    Surface s(50, 50), expected(50, 50);
+    CRect a(5, 5, 25, 25), b(12, 10, 40, 35);
+    s.dc().DrawDragRect(a, CSize(2, 2), nullptr, CSize(0, 0), &white);
+    EXPECT_EQ(20 * 20 - 16 * 16, s.CountAll(kBlack));
+    s.dc().DrawDragRect(b, CSize(2, 2), a, CSize(2, 2), &white);
+    expected.dc().DrawDragRect(b, CSize(2, 2), nullptr, CSize(0, 0), &white);
+    EXPECT_EQ(expected.Snapshot(), s.Snapshot());
+    EXPECT_EQ(28 * 25 - 24 * 21, s.CountAll(kBlack));
+}
+
+TEST(GdiDragRect, DifferentBrushesEraseWithTheLastAndDrawWithTheNew)
+{
+    CBrush red(kRed), blue(kBlue);
+    Surface s(40, 40);
+    const auto clean = s.Snapshot();
+    CRect r(4, 4, 30, 30);
+    s.dc().DrawDragRect(r, CSize(1, 1), nullptr, CSize(0, 0), &red);
+    EXPECT_EQ(RGB(0, 255, 255), s.At(4, 10));  // white XOR red
+    s.dc().DrawDragRect(r, CSize(1, 1), r, CSize(1, 1), &blue, &red);
+    EXPECT_EQ(RGB(255, 255, 0), s.At(4, 10));  // red erased, blue drawn
+    s.dc().DrawDragRect(CRect(0, 0, 0, 0), CSize(0, 0), r, CSize(1, 1), &blue, &blue);
+    EXPECT_EQ(clean, s.Snapshot());
+}
+
+TEST(GdiDragRect, KeepsTheCallersClipAndSelection)
+{
+    Surface s(40, 40);
+    s.dc().IntersectClipRect(0, 0, 20, 40);
+    HGDIOBJ hBrush = ::GetCurrentObject(s.dc().m_hDC, OBJ_BRUSH);
+    CBrush white(kWhite);
+    s.dc().DrawDragRect(CRect(5, 5, 35, 35), CSize(1, 1), nullptr, CSize(0, 0), &white);
+    EXPECT_EQ(0, s.Count(CRect(20, 0, 40, 40), kBlack));  // clipped away
+    EXPECT_EQ(kBlack, s.At(5, 20));
+    EXPECT_EQ(hBrush, ::GetCurrentObject(s.dc().m_hDC, OBJ_BRUSH));
+    CRect box;
+    s.dc().GetClipBox(&box);
+    EXPECT_EQ(CRect(0, 0, 20, 40), box);
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiClip
+
+TEST(GdiClip, IntersectClipRectLimitsFilling)
+{
+    Surface s(30, 30);
+    CBrush brush(kRed);
+    EXPECT_EQ(SIMPLEREGION, s.dc().IntersectClipRect(CRect(5, 5, 15, 15)));
+    s.dc().FillRect(CRect(0, 0, 30, 30), &brush);
+    EXPECT_EQ(100, s.CountAll(kRed));
+    EXPECT_TRUE(s.dc().PtVisible(5, 5));
+    EXPECT_FALSE(s.dc().PtVisible(CPoint(15, 5)));
+    EXPECT_TRUE(s.dc().RectVisible(CRect(14, 14, 20, 20)));
+    EXPECT_FALSE(s.dc().RectVisible(CRect(15, 0, 20, 20)));
+
+    EXPECT_EQ(COMPLEXREGION, s.dc().ExcludeClipRect(8, 8, 10, 10));
+    s.Fill(kWhite);
+    s.dc().FillRect(CRect(0, 0, 30, 30), &brush);
+    EXPECT_EQ(96, s.CountAll(kRed));
+}
+
+TEST(GdiClip, SelectClipRgnReplacesAndNullRemovesTheClip)
+{
+    Surface s(30, 30);
+    CRgn rgn;
+    rgn.CreateRectRgn(0, 0, 10, 10);
+    s.dc().IntersectClipRect(20, 20, 30, 30);
+    EXPECT_EQ(SIMPLEREGION, s.dc().SelectClipRgn(&rgn));  // replaces, not intersects
+    CRect box;
+    EXPECT_EQ(SIMPLEREGION, s.dc().GetClipBox(&box));
+    EXPECT_EQ(CRect(0, 0, 10, 10), box);
+    CRgn more;
+    more.CreateRectRgn(5, 5, 20, 20);
+    EXPECT_EQ(SIMPLEREGION, s.dc().SelectClipRgn(&more, RGN_AND));
+    s.dc().GetClipBox(&box);
+    EXPECT_EQ(CRect(5, 5, 10, 10), box);
+    s.dc().SelectClipRgn(nullptr);
+    s.dc().GetClipBox(&box);
+    EXPECT_EQ(CRect(0, 0, 30, 30), box);
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiText
+
+TEST(GdiText, DrawTextStaysInsideItsRectangle)
+{
+    Surface s(120, 40);
+    CFont font;
+    ASSERT_TRUE(font.CreatePointFont(100, "Arial"));
+    CDCSelect sel(s.dc(), &font);
+    s.dc().SetTextColor(kBlack);
+    s.dc().SetBkMode(TRANSPARENT);
+    CRect r(30, 10, 90, 30);
+    CString text("WWWWWWWWWWWWWWWWWWWW");  // much wider than the rectangle
+    int height = s.dc().DrawText(text, r, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
+    EXPECT_GT(height, 0);
+    EXPECT_GT(s.Count(r, kBlack), 20);
+    EXPECT_EQ(s.Count(r, kBlack), s.CountAll(kBlack));  // clipped to r
+
+    CRect calc(0, 0, 0, 0);
+    s.dc().DrawText("Hello", -1, calc, DT_SINGLELINE | DT_CALCRECT);
+    CSize extent = s.dc().GetTextExtent("Hello", 5);
+    EXPECT_EQ(extent.cx, calc.Width());
+    EXPECT_EQ(extent, s.dc().GetTextExtent(CString("Hello")));
+    EXPECT_EQ(extent, s.dc().GetOutputTextExtent("Hello", 5));
+    EXPECT_GT(s.dc().GetTextExtent("Hello Hello", 11).cx, extent.cx);
+}
+
+TEST(GdiText, MetricsAndFaceFollowTheSelectedFont)
+{
+    Surface s(10, 10);
+    CFont small, large;
+    small.CreatePointFont(80, "Arial");
+    large.CreatePointFont(240, "Arial");
+    TEXTMETRIC tmSmall = {}, tmLarge = {};
+    {
+        CDCSelect sel(s.dc(), &small);
+        ASSERT_TRUE(s.dc().GetTextMetrics(&tmSmall));
+        CString face;
+        EXPECT_GT(s.dc().GetTextFace(face), 0);
+        EXPECT_FALSE(face.IsEmpty());
+        char buf[LF_FACESIZE];
+        s.dc().GetTextFace(LF_FACESIZE, buf);
+        EXPECT_STREQ((LPCTSTR)face, buf);
+    }
+    {
+        CDCSelect sel(s.dc(), &large);
+        ASSERT_TRUE(s.dc().GetOutputTextMetrics(&tmLarge));
+    }
+    EXPECT_GT(tmLarge.tmHeight, 2 * tmSmall.tmHeight);
+}
+
+TEST(GdiText, TextOutOpaqueUsesTheBackgroundColour)
+{
+    Surface s(60, 30);
+    s.dc().SetBkMode(OPAQUE);
+    s.dc().SetBkColor(kBlue);
+    s.dc().SetTextColor(kRed);
+    ASSERT_TRUE(s.dc().TextOut(2, 2, CString("Ab")));
+    EXPECT_GT(s.CountAll(kBlue), 10);
+    EXPECT_GT(s.CountAll(kRed), 5);
+    s.Fill(kWhite);
+    CRect clip(0, 0, 60, 30);
+    s.dc().ExtTextOut(0, 0, ETO_OPAQUE, clip, CString(""), nullptr);
+    EXPECT_EQ(60 * 30, s.CountAll(kBlue));
+}
+
+/////////////////////////////////////////////////////////////////////////////
+// GdiMemBuffer: double-buffered painting
+
+TEST(GdiMemBuffer, CopiesToTheTargetOnDestructionInTargetCoordinates)
+{
+    Surface s(40, 40);
+    {
+        CMemDCBuffer buf(&s.dc(), CRect(10, 10, 30, 30));
+        ASSERT_TRUE(buf.IsBuffered());
+        buf->FillSolidRect(CRect(10, 10, 30, 30), kBlue);
+        buf->FillSolidRect(CRect(15, 15, 20, 20), kRed);
+        EXPECT_EQ(0, s.CountAll(kBlue));  // nothing on the target yet
+    }
+    EXPECT_EQ(400 - 25, s.CountAll(kBlue));
+    EXPECT_EQ(25, s.Count(CRect(15, 15, 20, 20), kRed));
+    EXPECT_EQ(40 * 40 - 400, s.CountAll(kWhite));
+}
+
+TEST(GdiMemBuffer, FlushCopiesNowAndDiscardSkipsTheFinalCopy)
+{
+    Surface s(20, 20);
+    {
+        CMemDCBuffer buf(&s.dc(), CRect(0, 0, 10, 10));
+        buf.GetDC()->FillSolidRect(0, 0, 10, 10, kRed);
+        buf.Flush();
+        EXPECT_EQ(100, s.CountAll(kRed));
+        s.Fill(kWhite);  // the destructor must not copy again
+    }
+    EXPECT_EQ(0, s.CountAll(kRed));
+    {
+        CMemDCBuffer buf(&s.dc(), CRect(0, 0, 10, 10));
+        buf.GetDC()->FillSolidRect(0, 0, 10, 10, kRed);
+        buf.Discard();
+    }
+    EXPECT_EQ(0, s.CountAll(kRed));
+}
+
+TEST(GdiMemBuffer, StartsWithTheTargetsFontAndColours)
+{
+    Surface s(20, 20);
+    CFont font;
+    font.CreatePointFont(140, "Arial");
+    CDCSelect sel(s.dc(), &font);
+    s.dc().SetTextColor(kRed);
+    CMemDCBuffer buf(&s.dc(), CRect(0, 0, 20, 20));
+    EXPECT_EQ(font.m_hObject, ::GetCurrentObject(buf->m_hDC, OBJ_FONT));
+    EXPECT_EQ(kRed, buf->GetTextColor());
+    buf.Discard();
+}
+
+TEST(GdiMemBuffer, EmptyRectangleDrawsOnTheTargetDirectly)
+{
+    Surface s(10, 10);
+    CMemDCBuffer buf(&s.dc(), CRect(5, 5, 5, 9));
+    EXPECT_FALSE(buf.IsBuffered());
+    EXPECT_EQ(&s.dc(), buf.GetDC());
+}
+
+TEST(GdiMemBuffer, LeavesNoGdiObjectsBehind)
+{
+    Surface s(64, 64);
+    auto paint = [&] {
+        CMemDCBuffer buf(&s.dc(), CRect(0, 0, 64, 64));
+        CPen pen(PS_SOLID, 1, kRed);
+        CDCSelect sel(*buf.GetDC(), &pen);
+        buf->Rectangle(2, 2, 60, 60);
+    };
+    paint();
+    const int before = CountGdiObjects();
+    for (int i = 0; i < 100; ++i) paint();
+    EXPECT_EQ(before, CountGdiObjects());
+    EXPECT_EQ(kRed, s.At(2, 2));
+}

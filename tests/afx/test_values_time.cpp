@@ -1,0 +1,305 @@
+// CTime / CTimeSpan and COleDateTime / COleDateTimeSpan.
+#include <gtest/gtest.h>
+
+#include "afx.h"
+#include "afxdisp.h"
+
+namespace {
+
+CString LocaleText(LCTYPE lcType)
+{
+    char sz[128] = "";
+    ::GetLocaleInfoA(LOCALE_USER_DEFAULT, lcType, sz, sizeof sz);
+    return CString(sz);
+}
+
+void ExpectParts(const COleDateTime& dt, int y, int mo, int d, int h, int mi, int s)
+{
+    EXPECT_EQ(COleDateTime::valid, dt.GetStatus());
+    EXPECT_EQ(y, dt.GetYear());
+    EXPECT_EQ(mo, dt.GetMonth());
+    EXPECT_EQ(d, dt.GetDay());
+    EXPECT_EQ(h, dt.GetHour());
+    EXPECT_EQ(mi, dt.GetMinute());
+    EXPECT_EQ(s, dt.GetSecond());
+}
+
+} // namespace
+
+// ---- CTime ----
+
+TEST(ValuesTime, PartsRoundTripThroughLocalTime)
+{
+    CTime t(2005, 9, 1, 18, 30, 15);
+    EXPECT_EQ(2005, t.GetYear());
+    EXPECT_EQ(9, t.GetMonth());
+    EXPECT_EQ(1, t.GetDay());
+    EXPECT_EQ(18, t.GetHour());
+    EXPECT_EQ(30, t.GetMinute());
+    EXPECT_EQ(15, t.GetSecond());
+    EXPECT_EQ(5, t.GetDayOfWeek());   // a Thursday; 1 is Sunday
+    EXPECT_STREQ("2005-09-01 18:30:15", (LPCTSTR)t.Format("%Y-%m-%d %H:%M:%S"));
+
+    SYSTEMTIME st;
+    ASSERT_TRUE(t.GetAsSystemTime(st));
+    EXPECT_EQ(2005, st.wYear);
+    EXPECT_EQ(4, st.wDayOfWeek);
+    EXPECT_EQ(30, st.wMinute);
+    EXPECT_EQ(t, CTime(st));
+}
+
+TEST(ValuesTime, OutOfRangePartsAreNormalised)
+{
+    CTime t(2005, 4, 31, 12, 0, 0);   // 31 April
+    EXPECT_EQ(5, t.GetMonth());
+    EXPECT_EQ(1, t.GetDay());
+    CTime u(2004, 12, 31, 23, 59, 60);
+    EXPECT_EQ(2005, u.GetYear());
+    EXPECT_EQ(1, u.GetMonth());
+    EXPECT_EQ(1, u.GetDay());
+    EXPECT_EQ(0, u.GetHour());
+}
+
+TEST(ValuesTime, SpansAddAndSubtract)
+{
+    CTime t(2006, 1, 10, 8, 0, 0);
+    CTimeSpan span(1, 2, 3, 4);
+    EXPECT_EQ(93784, span.GetTotalSeconds());
+    EXPECT_EQ(26, span.GetTotalHours());
+    EXPECT_EQ(2, span.GetHours());
+    EXPECT_STREQ("1 day(s) 02:03:04", (LPCTSTR)span.Format("%D day(s) %H:%M:%S"));
+
+    CTime later = t + span;
+    EXPECT_EQ(11, later.GetDay());
+    EXPECT_EQ(10, later.GetHour());
+    EXPECT_EQ(3, later.GetMinute());
+    EXPECT_EQ(4, later.GetSecond());
+    EXPECT_EQ(span, later - t);
+    EXPECT_EQ(t, later - span);
+    EXPECT_TRUE(t < later);
+
+    CTimeSpan back = t - later;
+    EXPECT_EQ(-1, back.GetDays());
+    EXPECT_EQ(-2, back.GetHours());
+    EXPECT_EQ(-4, back.GetSeconds());
+}
+
+TEST(ValuesTime, FileTimeIsReadAsUtc)
+{
+    CTime t(2006, 7, 4, 15, 45, 30);
+    struct tm gmt;
+    ASSERT_NE(nullptr, t.GetGmtTm(&gmt));
+    SYSTEMTIME stUtc = {};
+    stUtc.wYear = (WORD)(gmt.tm_year + 1900);
+    stUtc.wMonth = (WORD)(gmt.tm_mon + 1);
+    stUtc.wDay = (WORD)gmt.tm_mday;
+    stUtc.wHour = (WORD)gmt.tm_hour;
+    stUtc.wMinute = (WORD)gmt.tm_min;
+    stUtc.wSecond = (WORD)gmt.tm_sec;
+    FILETIME ft;
+    ASSERT_TRUE(::SystemTimeToFileTime(&stUtc, &ft));
+    EXPECT_EQ(t.GetTime(), CTime(ft).GetTime());
+    char szExpected[32];
+    snprintf(szExpected, sizeof szExpected, "%02d:%02d", gmt.tm_hour, gmt.tm_min);
+    EXPECT_STREQ(szExpected, (LPCTSTR)t.FormatGmt("%H:%M"));
+}
+
+// ---- COleDateTime ----
+
+TEST(ValuesOleDate, DayCountsOfKnownDates)
+{
+    EXPECT_EQ(0.0, COleDateTime(1899, 12, 30, 0, 0, 0).m_dt);
+    EXPECT_EQ(1.0, COleDateTime(1899, 12, 31, 0, 0, 0).m_dt);
+    EXPECT_EQ(2.0, COleDateTime(1900, 1, 1, 0, 0, 0).m_dt);
+    EXPECT_EQ(38596.0, COleDateTime(2005, 9, 1, 0, 0, 0).m_dt);
+    EXPECT_EQ(36585.0, COleDateTime(2000, 2, 29, 0, 0, 0).m_dt);
+    EXPECT_EQ(-657434.0, COleDateTime(100, 1, 1, 0, 0, 0).m_dt);
+    EXPECT_EQ(2958465.0, COleDateTime(9999, 12, 31, 0, 0, 0).m_dt);
+    EXPECT_EQ(38596.75, COleDateTime(2005, 9, 1, 18, 0, 0).m_dt);
+}
+
+TEST(ValuesOleDate, DaysAgreeWithTheAutomationConversion)
+{
+    // Every 37th day over two centuries, at a varying quarter of the day.
+    for (double day = 0; day < 73000; day += 37)
+    {
+        SYSTEMTIME st = {};
+        DATE dtRef = day + ((long)day % 4) / 4.0;
+        ASSERT_TRUE(::VariantTimeToSystemTime(dtRef, &st));
+        COleDateTime dt(st);
+        EXPECT_NEAR(dtRef, dt.m_dt, 1e-9) << day;
+        SYSTEMTIME back;
+        ASSERT_TRUE(dt.GetAsSystemTime(back));
+        EXPECT_EQ(st.wYear, back.wYear);
+        EXPECT_EQ(st.wMonth, back.wMonth);
+        EXPECT_EQ(st.wDay, back.wDay);
+        EXPECT_EQ(st.wDayOfWeek, back.wDayOfWeek) << day;
+        EXPECT_EQ(st.wSecond, back.wSecond);
+    }
+}
+
+TEST(ValuesOleDate, FractionsGiveExactWholeSeconds)
+{
+    ExpectParts(COleDateTime(38596.75), 2005, 9, 1, 18, 0, 0);
+    ExpectParts(COleDateTime(38596.0 + (18 * 3600 + 1) / 86400.0), 2005, 9, 1, 18, 0, 1);
+    ExpectParts(COleDateTime(38596.0 + 86399 / 86400.0), 2005, 9, 1, 23, 59, 59);
+    ExpectParts(COleDateTime(38596.999999999), 2005, 9, 2, 0, 0, 0);
+    for (int nSec = 0; nSec < 86400; nSec += 7)
+    {
+        COleDateTime dt(2005, 9, 1, nSec / 3600, nSec / 60 % 60, nSec % 60);
+        ASSERT_EQ(nSec % 60, dt.GetSecond()) << nSec;
+        ASSERT_EQ(nSec / 60 % 60, dt.GetMinute()) << nSec;
+    }
+}
+
+TEST(ValuesOleDate, NegativeDatesCountTheFractionForward)
+{
+    ExpectParts(COleDateTime(-1.25), 1899, 12, 29, 6, 0, 0);
+    EXPECT_EQ(-1.25, COleDateTime(1899, 12, 29, 6, 0, 0).m_dt);
+    EXPECT_EQ(-1.75, COleDateTime(1899, 12, 29, 18, 0, 0).m_dt);
+    ExpectParts(COleDateTime(-0.5), 1899, 12, 30, 12, 0, 0);
+
+    COleDateTime morning(1899, 12, 29, 6, 0, 0);
+    COleDateTime evening(1899, 12, 29, 18, 0, 0);
+    EXPECT_TRUE(morning < evening);
+    EXPECT_TRUE(evening < COleDateTime(1899, 12, 30, 0, 0, 0));
+    EXPECT_DOUBLE_EQ(0.5, (evening - morning).GetTotalDays());
+
+    COleDateTime crossed = evening + COleDateTimeSpan(0, 12, 0, 0);
+    ExpectParts(crossed, 1899, 12, 30, 6, 0, 0);
+    EXPECT_EQ(0.25, crossed.m_dt);
+    ExpectParts(crossed - COleDateTimeSpan(1, 0, 0, 0), 1899, 12, 29, 6, 0, 0);
+}
+
+TEST(ValuesOleDate, CalendarQueries)
+{
+    COleDateTime dt(2005, 9, 1, 18, 0, 0);
+    EXPECT_EQ(5, dt.GetDayOfWeek());   // Thursday
+    EXPECT_EQ(244, dt.GetDayOfYear());
+    EXPECT_EQ(366, COleDateTime(2000, 12, 31, 0, 0, 0).GetDayOfYear());
+    EXPECT_EQ(7, COleDateTime(1899, 12, 30, 0, 0, 0).GetDayOfWeek());   // Saturday
+    EXPECT_EQ(1, COleDateTime(100, 1, 1, 0, 0, 0).GetDayOfYear());
+}
+
+TEST(ValuesOleDate, InvalidPartsMakeTheValueInvalid)
+{
+    COleDateTime dt;
+    EXPECT_EQ(1, dt.SetDateTime(2005, 2, 29, 0, 0, 0));
+    EXPECT_EQ(COleDateTime::invalid, dt.GetStatus());
+    EXPECT_EQ(-1, dt.GetYear());
+    EXPECT_EQ(0, dt.SetDate(2004, 2, 29));
+    EXPECT_EQ(COleDateTime::valid, dt.GetStatus());
+    EXPECT_EQ(1, dt.SetDate(99, 12, 31));
+    EXPECT_EQ(1, dt.SetDate(10000, 1, 1));
+    EXPECT_EQ(1, dt.SetDate(2005, 13, 1));
+    EXPECT_EQ(1, dt.SetTime(24, 0, 0));
+    EXPECT_EQ(1, dt.SetTime(0, 60, 0));
+    EXPECT_EQ(0, dt.SetTime(23, 59, 59));
+    EXPECT_EQ(1899, dt.GetYear());
+    EXPECT_EQ(-1, COleDateTime(3000000.0).GetYear());
+    EXPECT_EQ(COleDateTime::invalid, COleDateTime(2005, 4, 31, 0, 0, 0).GetStatus());
+
+    COleDateTime bad(2005, 2, 30, 0, 0, 0);
+    EXPECT_EQ(COleDateTime::invalid, (bad + COleDateTimeSpan(1.0)).GetStatus());
+    EXPECT_EQ(COleDateTimeSpan::invalid, (bad - COleDateTime(2005, 1, 1, 0, 0, 0)).GetStatus());
+}
+
+TEST(ValuesOleDate, ConvertsFromSystemAndFileTime)
+{
+    SYSTEMTIME st = { 2007, 3, 0, 14, 9, 26, 53, 999 };
+    COleDateTime dt(st);
+    ExpectParts(dt, 2007, 3, 14, 9, 26, 53);   // milliseconds dropped
+
+    CTime t(2007, 3, 14, 9, 26, 53);
+    ExpectParts(COleDateTime(t.GetTime()), 2007, 3, 14, 9, 26, 53);
+
+    FILETIME ftLocal, ftUtc;
+    ASSERT_TRUE(::SystemTimeToFileTime(&st, &ftLocal));
+    ASSERT_TRUE(::LocalFileTimeToFileTime(&ftLocal, &ftUtc));
+    ExpectParts(COleDateTime(ftUtc), 2007, 3, 14, 9, 26, 53);
+
+    COleDateTime now = COleDateTime::GetCurrentTime();
+    EXPECT_EQ(COleDateTime::valid, now.GetStatus());
+    EXPECT_GE(now.GetYear(), 2020);
+}
+
+TEST(ValuesOleDate, FormatUsesTheUserLocaleNames)
+{
+    for (int nMonth = 1; nMonth <= 12; nMonth++)
+    {
+        COleDateTime dt(2005, nMonth, 15, 0, 0, 0);
+        EXPECT_STREQ((LPCTSTR)LocaleText(LOCALE_SMONTHNAME1 + nMonth - 1), (LPCTSTR)dt.Format("%B"));
+        EXPECT_STREQ((LPCTSTR)LocaleText(LOCALE_SABBREVMONTHNAME1 + nMonth - 1), (LPCTSTR)dt.Format("%b"));
+    }
+    COleDateTime thursday(2005, 9, 1, 18, 5, 7);
+    EXPECT_STREQ((LPCTSTR)LocaleText(LOCALE_SDAYNAME4), (LPCTSTR)thursday.Format("%A"));
+    EXPECT_STREQ((LPCTSTR)LocaleText(LOCALE_SABBREVDAYNAME4), (LPCTSTR)thursday.Format("%a"));
+    COleDateTime sunday(2005, 9, 4, 0, 0, 0);
+    EXPECT_STREQ((LPCTSTR)LocaleText(LOCALE_SDAYNAME7), (LPCTSTR)sunday.Format("%A"));
+}
+
+TEST(ValuesOleDate, FormatNumericCodes)
+{
+    COleDateTime dt(2005, 9, 1, 18, 5, 7);
+    EXPECT_STREQ("2005-09-01 18:05:07", (LPCTSTR)dt.Format("%Y-%m-%d %H:%M:%S"));
+    EXPECT_STREQ("9/1/05 6 244 4 100%", (LPCTSTR)dt.Format("%#m/%#d/%y %#I %j %w 100%%"));
+    EXPECT_STREQ("101-02-03", (LPCTSTR)COleDateTime(101, 2, 3, 0, 0, 0).Format("%Y-%m-%d"));
+    EXPECT_STREQ("12", (LPCTSTR)COleDateTime(2005, 9, 1, 0, 0, 0).Format("%I"));
+
+    COleDateTime null;
+    null.SetStatus(COleDateTime::null);
+    EXPECT_TRUE(null.Format("%Y").IsEmpty());
+}
+
+TEST(ValuesOleDate, LocaleFormatShowsOnlyTheNonZeroParts)
+{
+    COleDateTime midnight(2005, 9, 1, 0, 0, 0);
+    COleDateTime timeOnly;
+    timeOnly.SetTime(18, 30, 0);
+    COleDateTime both(2005, 9, 1, 18, 30, 0);
+
+    SYSTEMTIME st;
+    both.GetAsSystemTime(st);
+    char szDate[64], szTime[64];
+    ::GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &st, NULL, szDate, sizeof szDate);
+    ::GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &st, NULL, szTime, sizeof szTime);
+
+    EXPECT_STREQ(szDate, (LPCTSTR)midnight.Format());
+    EXPECT_STREQ(szTime, (LPCTSTR)timeOnly.Format());
+    EXPECT_STREQ((LPCTSTR)(CString(szDate) + " " + szTime), (LPCTSTR)both.Format());
+    EXPECT_STREQ(szDate, (LPCTSTR)both.Format(VAR_DATEVALUEONLY));
+    EXPECT_STREQ(szTime, (LPCTSTR)both.Format(VAR_TIMEVALUEONLY));
+}
+
+TEST(ValuesOleDate, ParsesWhatItFormats)
+{
+    COleDateTime original(2005, 9, 1, 18, 30, 15);
+    COleDateTime parsed;
+    ASSERT_TRUE(parsed.ParseDateTime(original.Format()));
+    EXPECT_EQ(original, parsed);
+
+    EXPECT_FALSE(parsed.ParseDateTime("not a date at all"));
+    EXPECT_EQ(COleDateTime::invalid, parsed.GetStatus());
+}
+
+TEST(ValuesOleDate, SpanPartsAndFormat)
+{
+    COleDateTimeSpan span(2, 3, 4, 5);
+    EXPECT_EQ(2, span.GetDays());
+    EXPECT_EQ(3, span.GetHours());
+    EXPECT_EQ(4, span.GetMinutes());
+    EXPECT_EQ(5, span.GetSeconds());
+    EXPECT_DOUBLE_EQ(51.0 + 4 / 60.0 + 5 / 3600.0, span.GetTotalHours());
+    EXPECT_STREQ("2 03:04:05", (LPCTSTR)span.Format("%D %H:%M:%S"));
+
+    COleDateTimeSpan negative = -span;
+    EXPECT_EQ(-2, negative.GetDays());
+    EXPECT_EQ(-3, negative.GetHours());
+    EXPECT_TRUE(negative < span);
+    EXPECT_EQ(COleDateTimeSpan(4, 6, 8, 10), span + span);
+
+    COleDateTime a(2005, 12, 31, 23, 0, 0);
+    COleDateTime b = a + COleDateTimeSpan(0, 2, 0, 0);
+    ExpectParts(b, 2006, 1, 1, 1, 0, 0);
+    EXPECT_EQ(2, (b - a).GetHours());
+}

@@ -1,0 +1,318 @@
+#include "HyCalMonth.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+namespace {
+
+// ---- An independent model of the British calendar, for the checks below ----
+
+bool ModelIsLeap(int year)
+{
+    if (year < 1753)
+        return year % 4 == 0; // Julian
+    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
+
+// Number of the last day of a month (30 for September 1752 too).
+int ModelLastDay(int year, int month)
+{
+    static const int lengths[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return month == 2 && ModelIsLeap(year) ? 29 : lengths[month - 1];
+}
+
+// Days the month really has: September 1752 lost 3..13.
+int ModelDayCount(int year, int month)
+{
+    return year == 1752 && month == 9 ? 19 : ModelLastDay(year, month);
+}
+
+struct ExpectedCell
+{
+    int day, month, year;
+};
+
+// The grid a month should show, given the weekday of its 1st (0 = Sunday).
+std::array<ExpectedCell, 42> ModelGrid(int year, int month, int weekdayOfFirst, bool mondayFirst)
+{
+    const int prevMonth = month == 1 ? 12 : month - 1;
+    const int prevYear = month == 1 ? year - 1 : year;
+    const int nextMonth = month == 12 ? 1 : month + 1;
+    const int nextYear = month == 12 ? year + 1 : year;
+    const int firstCell = mondayFirst ? (weekdayOfFirst + 6) % 7 : weekdayOfFirst;
+    const int prevLast = ModelLastDay(prevYear, prevMonth);
+    const int length = ModelLastDay(year, month);
+
+    std::array<ExpectedCell, 42> grid{};
+    for (int cell = 0; cell < 42; ++cell) {
+        if (cell < firstCell)
+            grid[cell] = {prevLast - (firstCell - 1 - cell), prevMonth, prevYear};
+        else if (cell < firstCell + length)
+            grid[cell] = {cell - firstCell + 1, month, year};
+        else
+            grid[cell] = {cell - firstCell - length + 1, nextMonth, nextYear};
+    }
+    return grid;
+}
+
+// Compares the whole grid and reports the first difference only.
+::testing::AssertionResult GridMatches(const CHyCalMonth& cal, int year, int month,
+                                       int weekdayOfFirst, bool mondayFirst)
+{
+    const auto expected = ModelGrid(year, month, weekdayOfFirst, mondayFirst);
+    const std::string where = std::to_string(year) + "-" + std::to_string(month)
+                            + (mondayFirst ? " Monday-first" : " Sunday-first");
+    if (cal.month != month || cal.year != year)
+        return ::testing::AssertionFailure() << where << ": stored month/year "
+                                             << cal.month << "/" << cal.year;
+    for (int cell = 0; cell < 42; ++cell) {
+        int d = 0, m = 0, y = 0;
+        cal.GetCellDate(cell, d, m, y);
+        if (cal.cellDay[cell] != expected[cell].day || cal.cellMonth[cell] != expected[cell].month
+            || d != expected[cell].day || m != expected[cell].month || y != expected[cell].year)
+            return ::testing::AssertionFailure()
+                << where << ": cell " << cell << " shows " << d << "/" << m << "/" << y
+                << ", expected " << expected[cell].day << "/" << expected[cell].month << "/"
+                << expected[cell].year;
+    }
+    const int firstCell = mondayFirst ? (weekdayOfFirst + 6) % 7 : weekdayOfFirst;
+    const int lastDay = ModelLastDay(year, month);
+    if (cal.FindCell(1, month) != firstCell || cal.FindCell(lastDay, month) != firstCell + lastDay - 1)
+        return ::testing::AssertionFailure() << where << ": FindCell disagrees with the grid";
+    return ::testing::AssertionSuccess();
+}
+
+} // namespace
+
+// ---- Leap years and day counting ----
+
+TEST(CalMonthLeapYears, JulianUpTo1752GregorianAfter)
+{
+    EXPECT_EQ(1, CHyCalMonth::IsLeapYear(1700));
+    EXPECT_EQ(1, CHyCalMonth::IsLeapYear(1752));
+    EXPECT_EQ(0, CHyCalMonth::IsLeapYear(1753));
+    EXPECT_EQ(0, CHyCalMonth::IsLeapYear(1800));
+    EXPECT_EQ(0, CHyCalMonth::IsLeapYear(1900));
+    EXPECT_EQ(1, CHyCalMonth::IsLeapYear(2000));
+    EXPECT_EQ(1, CHyCalMonth::IsLeapYear(2024));
+    EXPECT_EQ(0, CHyCalMonth::IsLeapYear(2100));
+    EXPECT_EQ(1, CHyCalMonth::IsLeapYear(-4));
+    EXPECT_EQ(0, CHyCalMonth::IsLeapYear(-3));
+}
+
+TEST(CalMonthLeapYears, CenturyCorrectionsCountFrom1700And1600)
+{
+    EXPECT_EQ(0, CHyCalMonth::CenturiesSince1700(1700));
+    EXPECT_EQ(0, CHyCalMonth::CenturiesSince1700(1799));
+    EXPECT_EQ(1, CHyCalMonth::CenturiesSince1700(1800));
+    EXPECT_EQ(3, CHyCalMonth::CenturiesSince1700(2026));
+    EXPECT_EQ(0, CHyCalMonth::CenturiesSince1700(100));
+    EXPECT_EQ(0, CHyCalMonth::QuadCenturiesSince1700(1600));
+    EXPECT_EQ(0, CHyCalMonth::QuadCenturiesSince1700(1999));
+    EXPECT_EQ(1, CHyCalMonth::QuadCenturiesSince1700(2000));
+    EXPECT_EQ(2, CHyCalMonth::QuadCenturiesSince1700(2400));
+    EXPECT_EQ(0, CHyCalMonth::QuadCenturiesSince1700(4));
+    // 1700 is still a leap year here; 1800 and 1900 are not; 2000 is.
+    EXPECT_EQ(425, CHyCalMonth::LeapYearsSinceYear1(1700));
+    EXPECT_EQ(449, CHyCalMonth::LeapYearsSinceYear1(1800));
+    EXPECT_EQ(497, CHyCalMonth::LeapYearsSinceYear1(1999));
+    EXPECT_EQ(498, CHyCalMonth::LeapYearsSinceYear1(2000));
+}
+
+TEST(CalMonthLeapYears, DaysInMonthTableHasStride12AndOneSentinel)
+{
+    const int common[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    EXPECT_EQ(-1, CHyCalMonth::s_daysInMonth[0]);
+    for (int m = 1; m <= 12; ++m) {
+        EXPECT_EQ(common[m - 1], CHyCalMonth::s_daysInMonth[m]) << m;
+        EXPECT_EQ(m == 2 ? 29 : common[m - 1], CHyCalMonth::s_daysInMonth[12 + m]) << m;
+    }
+}
+
+TEST(CalMonthLeapYears, DayInYearCountsFromFirstOfJanuary)
+{
+    EXPECT_EQ(1, CHyCalMonth::DayInYear(1, 1, 2005));
+    EXPECT_EQ(60, CHyCalMonth::DayInYear(1, 3, 2005));
+    EXPECT_EQ(61, CHyCalMonth::DayInYear(1, 3, 2000));
+    EXPECT_EQ(61, CHyCalMonth::DayInYear(1, 3, 1700));
+    EXPECT_EQ(60, CHyCalMonth::DayInYear(1, 3, 1900));
+    EXPECT_EQ(365, CHyCalMonth::DayInYear(31, 12, 2005));
+    EXPECT_EQ(366, CHyCalMonth::DayInYear(31, 12, 2024));
+    // The 1752 gap does not shorten the year's count.
+    EXPECT_EQ(258, CHyCalMonth::DayInYear(14, 9, 1752));
+}
+
+// ---- Weekdays ----
+
+TEST(CalMonthDayOfWeek, KnownDays)
+{
+    EXPECT_EQ(4, CHyCalMonth::DayOfWeek(1, 1, 1970));
+    EXPECT_EQ(6, CHyCalMonth::DayOfWeek(1, 1, 2000));
+    EXPECT_EQ(6, CHyCalMonth::DayOfWeek(14, 11, 2026));
+    EXPECT_EQ(6, CHyCalMonth::DayOfWeek(1, 1, 1));    // proleptic Julian Saturday
+    EXPECT_EQ(0, CHyCalMonth::DayOfWeek(1, 10, 1752));
+    EXPECT_EQ(4, CHyCalMonth::DayOfWeek(14, 9, 1752));
+}
+
+TEST(CalMonthDayOfWeek, GapWindowStartsTwelveDaysEarly)
+{
+    EXPECT_EQ(5, CHyCalMonth::DayOfWeek(21, 8, 1752));
+    for (int day = 22; day <= 31; ++day)
+        EXPECT_EQ(4, CHyCalMonth::DayOfWeek(day, 8, 1752)) << day;
+    EXPECT_EQ(4, CHyCalMonth::DayOfWeek(1, 9, 1752));
+    EXPECT_EQ(6, CHyCalMonth::DayOfWeek(2, 9, 1752));
+    EXPECT_EQ(0, CHyCalMonth::DayOfWeek(3, 9, 1752));
+}
+
+// ---- Month grids ----
+
+TEST(CalMonthGrid, MonthBeginningOnSunday)
+{
+    // February 2015: common year, 1 February a Sunday.
+    CHyCalMonth sunday(2, 2015, 0);
+    for (int cell = 0; cell < 28; ++cell) {
+        EXPECT_EQ(2, sunday.cellMonth[cell]);
+        EXPECT_EQ(cell + 1, sunday.cellDay[cell]);
+    }
+    for (int cell = 28; cell < 42; ++cell) {
+        EXPECT_EQ(3, sunday.cellMonth[cell]);
+        EXPECT_EQ(cell - 27, sunday.cellDay[cell]);
+    }
+
+    CHyCalMonth monday(2, 2015, 1);
+    for (int cell = 0; cell < 6; ++cell) {
+        EXPECT_EQ(1, monday.cellMonth[cell]);
+        EXPECT_EQ(26 + cell, monday.cellDay[cell]);
+    }
+    EXPECT_EQ(6, monday.FindCell(1, 2));
+    EXPECT_EQ(33, monday.FindCell(28, 2));
+    EXPECT_EQ(3, monday.cellMonth[41]);
+    EXPECT_EQ(8, monday.cellDay[41]);
+}
+
+TEST(CalMonthGrid, ThirtyOneDayMonthBeginningOnSaturday)
+{
+    CHyCalMonth cal(8, 2026, 0); // 1 August 2026 is a Saturday
+    for (int cell = 0; cell < 6; ++cell) {
+        EXPECT_EQ(7, cal.cellMonth[cell]);
+        EXPECT_EQ(26 + cell, cal.cellDay[cell]);
+    }
+    EXPECT_EQ(6, cal.FindCell(1, 8));
+    EXPECT_EQ(36, cal.FindCell(31, 8));
+    for (int cell = 37; cell < 42; ++cell) {
+        EXPECT_EQ(9, cal.cellMonth[cell]);
+        EXPECT_EQ(cell - 36, cal.cellDay[cell]);
+    }
+}
+
+TEST(CalMonthGrid, MonthBeginningOnMondayHasNoLeadingCellsMondayFirst)
+{
+    CHyCalMonth cal(1, 2024, 1); // 1 January 2024 is a Monday
+    EXPECT_EQ(0, cal.FindCell(1, 1));
+    EXPECT_EQ(42, cal.FindCell(31, 12));
+}
+
+TEST(CalMonthGrid, CellDatesCrossTheTurnOfTheYear)
+{
+    CHyCalMonth january(1, 2023, 1);
+    int d = 0, m = 0, y = 0;
+    january.GetCellDate(0, d, m, y);
+    EXPECT_EQ(26, d);
+    EXPECT_EQ(12, m);
+    EXPECT_EQ(2022, y);
+    january.GetCellDate(41, d, m, y);
+    EXPECT_EQ(2, m);
+    EXPECT_EQ(2023, y);
+
+    CHyCalMonth december(12, 2023, 0);
+    december.GetCellDate(41, d, m, y);
+    EXPECT_EQ(1, m);
+    EXPECT_EQ(2024, y);
+    december.GetCellDate(0, d, m, y);
+    EXPECT_EQ(26, d);
+    EXPECT_EQ(11, m);
+    EXPECT_EQ(2023, y);
+}
+
+TEST(CalMonthGrid, FindCellReturns42ForDayNotShown)
+{
+    CHyCalMonth cal(3, 2005, 0);
+    EXPECT_EQ(42, cal.FindCell(20, 1));
+    EXPECT_EQ(42, cal.FindCell(32, 3));
+    EXPECT_EQ(42, cal.FindCell(0, 3));
+}
+
+TEST(CalMonthGrid, September1752IsTheFixedGridAndNothingElse)
+{
+    CHyCalMonth cal(3, 2005, 1);
+    std::array<int, 42> monthsBefore{};
+    for (int cell = 0; cell < 42; ++cell)
+        monthsBefore[cell] = cal.cellMonth[cell];
+
+    cal.SetMonth(9, 1752);
+
+    const int expectedDays[42] = {
+        -1, -1, 1,  2,  14, 15, 16, 17, 18, 19, 20, 21, 22, 23,
+        24, 25, 26, 27, 28, 29, 30, -1, -1, -1, -1, -1, -1, -1,
+        -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1,
+    };
+    for (int cell = 0; cell < 42; ++cell) {
+        EXPECT_EQ(expectedDays[cell], cal.cellDay[cell]) << cell;
+        EXPECT_EQ(expectedDays[cell], CHyCalMonth::s_september1752[cell]) << cell;
+        EXPECT_EQ(monthsBefore[cell], cal.cellMonth[cell]) << cell;
+    }
+    // Stored month and year keep the previous layout; Monday-first is not applied.
+    EXPECT_EQ(3, cal.month);
+    EXPECT_EQ(2005, cal.year);
+    EXPECT_EQ(1, cal.mondayFirst);
+
+    // The next month lays out normally again.
+    cal.SetMonth(10, 1752);
+    EXPECT_EQ(10, cal.month);
+    EXPECT_EQ(1752, cal.year);
+    EXPECT_EQ(6, cal.FindCell(1, 10)); // a Sunday, Monday-first
+}
+
+TEST(CalMonthGrid, FlagOnlyConstructorKeepsFlagForLaterLayout)
+{
+    CHyCalMonth cal(static_cast<short>(1));
+    EXPECT_EQ(1, cal.mondayFirst);
+    cal.SetMonth(2, 2015);
+    EXPECT_EQ(6, cal.FindCell(1, 2));
+}
+
+// Every month of years 1..9999, both week starts, against a weekday count
+// carried forward month by month from 1 January of year 1 (a Saturday).
+TEST(CalMonthGrid, EveryMonthMatchesIndependentCalendar)
+{
+    CHyCalMonth sundayFirst(static_cast<short>(0));
+    CHyCalMonth mondayFirst(static_cast<short>(1));
+    int weekdayOfFirst = 6;
+    int failures = 0;
+    for (int year = 1; year <= 9999 && failures < 5; ++year) {
+        for (int month = 1; month <= 12; ++month) {
+            // Anchors that check the model itself.
+            if (year == 1752 && month == 10)
+                ASSERT_EQ(0, weekdayOfFirst);
+            if (year == 1970 && month == 1)
+                ASSERT_EQ(4, weekdayOfFirst);
+            if (year == 2000 && month == 1)
+                ASSERT_EQ(6, weekdayOfFirst);
+
+            if (!(year == 1752 && month == 9)) {
+                EXPECT_EQ(weekdayOfFirst, CHyCalMonth::DayOfWeek(1, month, year))
+                    << year << "-" << month;
+                sundayFirst.SetMonth(month, year);
+                mondayFirst.SetMonth(month, year);
+                const auto a = GridMatches(sundayFirst, year, month, weekdayOfFirst, false);
+                const auto b = GridMatches(mondayFirst, year, month, weekdayOfFirst, true);
+                EXPECT_TRUE(a);
+                EXPECT_TRUE(b);
+                failures += !a + !b;
+            }
+            weekdayOfFirst = (weekdayOfFirst + ModelDayCount(year, month)) % 7;
+        }
+    }
+}

@@ -1,0 +1,280 @@
+#include "HyDate.h"
+#include "HyOleDate.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+struct Known
+{
+    double ole;
+    int year, month, day, hour, minute, second, dayOfWeek, dayOfYear;
+};
+
+const Known kKnownDates[] = {
+    {0.0, 1899, 12, 30, 0, 0, 0, 6, 364},
+    {1.0, 1899, 12, 31, 0, 0, 0, 0, 365},
+    {2.0, 1900, 1, 1, 0, 0, 0, 1, 1},
+    {36585.0, 2000, 2, 29, 0, 0, 0, 2, 60},
+    {38596.75, 2005, 9, 1, 18, 0, 0, 4, 244},
+    {-1.25, 1899, 12, 29, 6, 0, 0, 5, 363},
+    {-657434.0, 100, 1, 1, 0, 0, 0, 5, 1},
+    {2958465.0, 9999, 12, 31, 0, 0, 0, 5, 365},
+};
+
+HyDateTimeParts Parts(int y, int mo, int d, int h = 0, int mi = 0, int s = 0)
+{
+    return HyDateTimeParts{y, mo, d, h, mi, s, -1, -1};
+}
+
+void ExpectParts(const Known& k, const HyDateTimeParts& p)
+{
+    EXPECT_EQ(k.year, p.year) << k.ole;
+    EXPECT_EQ(k.month, p.month) << k.ole;
+    EXPECT_EQ(k.day, p.day) << k.ole;
+    EXPECT_EQ(k.hour, p.hour) << k.ole;
+    EXPECT_EQ(k.minute, p.minute) << k.ole;
+    EXPECT_EQ(k.second, p.second) << k.ole;
+    EXPECT_EQ(k.dayOfWeek, p.dayOfWeek) << k.ole;
+    EXPECT_EQ(k.dayOfYear, p.dayOfYear) << k.ole;
+}
+
+HyDateTimeParts Convert(double ole)
+{
+    HyDateTimeParts p = Parts(0, 0, 0);
+    EXPECT_TRUE(hy::OleDateToParts(ole, p)) << ole;
+    return p;
+}
+
+// Days in a month by the proleptic Gregorian rule, written apart from the code.
+int ModelDays(int year, int month)
+{
+    if (month == 2)
+        return year % 400 == 0 || (year % 100 != 0 && year % 4 == 0) ? 29 : 28;
+    return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
+}
+
+} // namespace
+
+// ---- CHyDate ----
+
+TEST(HyDateValue, EqualityIgnoresFlags)
+{
+    EXPECT_TRUE(CHyDate(2005, 3, 1, 0) == CHyDate(2005, 3, 1, 7));
+    EXPECT_FALSE(CHyDate(2005, 3, 1, 0) != CHyDate(2005, 3, 1, 7));
+    EXPECT_FALSE(CHyDate(2005, 3, 1, 0) == CHyDate(2005, 3, 2, 0));
+    EXPECT_FALSE(CHyDate(2005, 3, 1, 0) == CHyDate(2005, 4, 1, 0));
+    EXPECT_FALSE(CHyDate(2005, 3, 1, 0) == CHyDate(2006, 3, 1, 0));
+    EXPECT_TRUE(CHyDate(2005, 3, 1, 0) != CHyDate(2006, 3, 1, 0));
+}
+
+TEST(HyDateValue, DefaultClearsFlagsAndEmptyClearsAll)
+{
+    CHyDate d;
+    EXPECT_EQ(0, d.flags);
+    d = CHyDate(2005, 3, 1, 9);
+    EXPECT_EQ(9, d.flags);
+    d.Empty();
+    EXPECT_EQ(0, d.year);
+    EXPECT_EQ(0, d.month);
+    EXPECT_EQ(0, d.day);
+    EXPECT_EQ(0, d.flags);
+    EXPECT_TRUE(d == CHyDate(0, 0, 0, 5));
+}
+
+// ---- OLE date to calendar fields ----
+
+TEST(OleDateToParts, KnownDates)
+{
+    for (const Known& k : kKnownDates)
+        ExpectParts(k, Convert(k.ole));
+}
+
+TEST(OleDateToParts, NegativeDateTimeIsFractionMagnitude)
+{
+    const HyDateTimeParts a = Convert(-0.5);
+    EXPECT_EQ(30, a.day);
+    EXPECT_EQ(12, a.hour);
+    const HyDateTimeParts b = Convert(-2.75);
+    EXPECT_EQ(28, b.day);
+    EXPECT_EQ(18, b.hour);
+    // -657434.5 is noon of the first valid day.
+    const HyDateTimeParts c = Convert(-657434.5);
+    EXPECT_EQ(100, c.year);
+    EXPECT_EQ(1, c.day);
+    EXPECT_EQ(12, c.hour);
+}
+
+TEST(OleDateToParts, RoundsToNearestSecondHalfUp)
+{
+    const double second = 1.0 / 86400.0;
+    EXPECT_EQ(1, Convert(2.0 + 0.5 * second).second);
+    EXPECT_EQ(0, Convert(2.0 + 0.49 * second).second);
+    EXPECT_EQ(59, Convert(2.0 + 59.4 * second).second);
+    const HyDateTimeParts p = Convert(2.0 + 59.5 * second);
+    EXPECT_EQ(1, p.minute);
+    EXPECT_EQ(0, p.second);
+}
+
+TEST(OleDateToParts, AlmostMidnightRollsToNextDay)
+{
+    const HyDateTimeParts a = Convert(0.99999999);
+    EXPECT_EQ(1899, a.year);
+    EXPECT_EQ(12, a.month);
+    EXPECT_EQ(31, a.day);
+    EXPECT_EQ(0, a.hour);
+    EXPECT_EQ(0, a.minute);
+    EXPECT_EQ(0, a.second);
+    EXPECT_EQ(0, a.dayOfWeek);
+
+    const HyDateTimeParts b = Convert(38352.999995); // 31 December 2004 23:59:59.57
+    EXPECT_EQ(2005, b.year);
+    EXPECT_EQ(1, b.month);
+    EXPECT_EQ(1, b.day);
+    EXPECT_EQ(1, b.dayOfYear);
+    EXPECT_EQ(0, b.hour);
+
+    // 29 December 1899 23:59:59.99 is followed by day zero's midnight.
+    const HyDateTimeParts c = Convert(-1.9999999);
+    EXPECT_EQ(30, c.day);
+    EXPECT_EQ(0, c.hour);
+    EXPECT_EQ(0, c.second);
+}
+
+TEST(OleDateToParts, RejectsOutOfRangeAndNotANumber)
+{
+    HyDateTimeParts p = Parts(1, 2, 3, 4, 5, 6);
+    const double rejected[] = {
+        -657435.0,
+        2958466.0,
+        2958465.99999999,          // rounds into year 10000
+        1e300,
+        -1e300,
+        std::numeric_limits<double>::quiet_NaN(),
+        std::numeric_limits<double>::infinity(),
+        -std::numeric_limits<double>::infinity(),
+    };
+    for (double d : rejected) {
+        EXPECT_FALSE(hy::OleDateToParts(d, p)) << d;
+        EXPECT_EQ(1, p.year);
+        EXPECT_EQ(6, p.second);
+    }
+    // 1 January 100 23:59:59.9 rounds to 2 January, still in range.
+    const HyDateTimeParts first = Convert(-657434.999999);
+    EXPECT_EQ(2, first.day);
+    EXPECT_EQ(0, first.hour);
+    const HyDateTimeParts last = Convert(2958465.99998);
+    EXPECT_EQ(9999, last.year);
+    EXPECT_EQ(23, last.hour);
+    EXPECT_EQ(59, last.minute);
+    EXPECT_EQ(58, last.second);
+}
+
+TEST(OleDateToParts, OnlyDatesAfterDayZeroArePositive)
+{
+    EXPECT_TRUE(hy::IsPositiveOleDate(38596.75));
+    EXPECT_TRUE(hy::IsPositiveOleDate(1e-9));
+    EXPECT_FALSE(hy::IsPositiveOleDate(0.0));
+    EXPECT_FALSE(hy::IsPositiveOleDate(-0.0));
+    EXPECT_FALSE(hy::IsPositiveOleDate(-1.5));
+    EXPECT_FALSE(hy::IsPositiveOleDate(std::numeric_limits<double>::quiet_NaN()));
+}
+
+// ---- Calendar fields to OLE date ----
+
+TEST(PartsToOleDate, KnownDates)
+{
+    for (const Known& k : kKnownDates) {
+        double d = 12345.0;
+        ASSERT_TRUE(hy::PartsToOleDate(Parts(k.year, k.month, k.day, k.hour, k.minute, k.second), d));
+        EXPECT_EQ(k.ole, d);
+    }
+    double d = 0.0;
+    ASSERT_TRUE(hy::PartsToOleDate(Parts(9999, 12, 31, 23, 59, 59), d));
+    EXPECT_NEAR(2958465.0 + 86399.0 / 86400.0, d, 1e-9);
+    ASSERT_TRUE(hy::DateToOleDate(2005, 9, 1, d));
+    EXPECT_EQ(38596.0, d);
+}
+
+TEST(PartsToOleDate, RejectsImpossibleParts)
+{
+    const HyDateTimeParts rejected[] = {
+        Parts(2005, 4, 31), Parts(1900, 2, 29), Parts(2100, 2, 29), Parts(2005, 2, 29),
+        Parts(2005, 0, 1),  Parts(2005, 13, 1), Parts(2005, 1, 0),  Parts(2005, 1, 32),
+        Parts(99, 12, 31),  Parts(10000, 1, 1), Parts(2005, 1, 1, 24), Parts(2005, 1, 1, -1),
+        Parts(2005, 1, 1, 0, 60), Parts(2005, 1, 1, 0, -1), Parts(2005, 1, 1, 0, 0, 60),
+        Parts(2005, 1, 1, 0, 0, -1),
+    };
+    for (const HyDateTimeParts& p : rejected) {
+        double d = 42.5;
+        EXPECT_FALSE(hy::PartsToOleDate(p, d)) << p.year << "-" << p.month << "-" << p.day << " "
+                                               << p.hour << ":" << p.minute << ":" << p.second;
+        EXPECT_EQ(42.5, d);
+    }
+    double d = 0.0;
+    EXPECT_FALSE(hy::DateToOleDate(2005, 4, 31, d));
+    EXPECT_TRUE(hy::DateToOleDate(2000, 2, 29, d));
+    EXPECT_TRUE(hy::DateToOleDate(1752, 9, 5, d)); // no 1752 gap in OLE dates
+    EXPECT_TRUE(hy::DateToOleDate(1700, 2, 28, d));
+    EXPECT_FALSE(hy::DateToOleDate(1700, 2, 29, d));
+}
+
+// Every day of the OLE range, each with a different time, counted with an
+// independent calendar: fields -> OLE gives the counted serial, and back.
+TEST(OleDateRoundTrip, EveryDayOfTheRange)
+{
+    long long serial = -657434; // 1 January 100
+    int weekday = 5;            // a Friday
+    int mismatches = 0;
+    for (int year = 100; year <= 9999 && mismatches < 5; ++year) {
+        int dayOfYear = 0;
+        for (int month = 1; month <= 12; ++month) {
+            for (int day = 1; day <= ModelDays(year, month); ++day, ++serial) {
+                ++dayOfYear;
+                const int secs = static_cast<int>((serial * 7919 % 86400 + 86400) % 86400);
+                const HyDateTimeParts in = Parts(year, month, day, secs / 3600, secs / 60 % 60, secs % 60);
+                double ole = 0.0;
+                HyDateTimeParts out = Parts(0, 0, 0);
+                const bool ok = hy::PartsToOleDate(in, ole) && hy::OleDateToParts(ole, out);
+                const double time = secs / 86400.0;
+                const double expected = serial < 0 ? serial - time : serial + time;
+                if (!ok || std::fabs(ole - expected) > 1e-9 || out.year != year || out.month != month
+                    || out.day != day || out.hour != in.hour || out.minute != in.minute
+                    || out.second != in.second || out.dayOfWeek != weekday || out.dayOfYear != dayOfYear) {
+                    ADD_FAILURE() << year << "-" << month << "-" << day << " " << secs
+                                  << "s: ole " << ole << " expected " << expected << ", back "
+                                  << out.year << "-" << out.month << "-" << out.day << " "
+                                  << out.hour << ":" << out.minute << ":" << out.second
+                                  << " wd " << out.dayOfWeek << " yd " << out.dayOfYear;
+                    ++mismatches;
+                }
+                weekday = (weekday + 1) % 7;
+            }
+        }
+    }
+    EXPECT_EQ(2958466, serial); // one past 31 December 9999
+}
+
+// Arbitrary doubles in range: the fields rebuild the value to within half a second.
+TEST(OleDateRoundTrip, ArbitraryValuesRebuildToNearestSecond)
+{
+    unsigned long long state = 0x9E3779B97F4A7C15ull;
+    for (int i = 0; i < 200000; ++i) {
+        state = state * 6364136223846793005ull + 1442695040888963407ull;
+        const double unit = static_cast<double>(state >> 11) / 9007199254740992.0;
+        const double ole = -657434.0 + unit * (2958465.0 + 657434.0);
+        HyDateTimeParts p = Parts(0, 0, 0);
+        ASSERT_TRUE(hy::OleDateToParts(ole, p)) << ole;
+        double back = 0.0;
+        ASSERT_TRUE(hy::PartsToOleDate(p, back)) << ole;
+        // Compare on the time line: a negative date's time runs forward from its day.
+        const auto timeline = [](double v) {
+            const double day = std::trunc(v);
+            return day + std::fabs(v - day);
+        };
+        ASSERT_LE(std::fabs(timeline(back) - timeline(ole)), 0.5 / 86400.0 + 1e-9) << ole;
+    }
+}

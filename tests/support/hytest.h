@@ -1,0 +1,8 @@
+// The test harness of the Wine-run suites (namespace hytest).
+#pragma once
+
+#include "hytest_messages.h"
+#include "hytest_input.h"
+#include "hytest_render.h"
+#include "hytest_intercept.h"
+#include "hytest_objects.h"

@@ -1,0 +1,195 @@
+#include "hytest_input.h"
+#include "hytest_messages.h"
+
+#include <cstring>
+
+namespace hytest {
+
+namespace {
+
+void SetKey(UINT vk, bool down)
+{
+    BYTE state[256];
+    GetKeyboardState(state);
+    state[vk] = down ? static_cast<BYTE>(state[vk] | 0x80) : static_cast<BYTE>(state[vk] & ~0x80);
+    SetKeyboardState(state);
+}
+
+bool IsDown(UINT vk) { return (GetKeyState(static_cast<int>(vk)) & 0x8000) != 0; }
+
+void PostAndPump(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam)
+{
+    PostMessageA(hwnd, msg, wParam, lParam);
+    PumpMessages();
+}
+
+LPARAM Point(int x, int y)
+{
+    return MAKELPARAM(static_cast<WORD>(static_cast<short>(x)), static_cast<WORD>(static_cast<short>(y)));
+}
+
+bool IsExtended(UINT vk)
+{
+    switch (vk) {
+    case VK_INSERT: case VK_DELETE: case VK_HOME: case VK_END: case VK_PRIOR: case VK_NEXT:
+    case VK_LEFT: case VK_RIGHT: case VK_UP: case VK_DOWN: case VK_DIVIDE: case VK_NUMLOCK:
+    case VK_RCONTROL: case VK_RMENU: case VK_LWIN: case VK_RWIN: case VK_APPS:
+        return true;
+    default:
+        return false;
+    }
+}
+
+LPARAM KeyLParam(UINT vk, bool up, bool wasDown, bool alt)
+{
+    LPARAM l = 1 | (static_cast<LPARAM>(MapVirtualKeyA(vk, MAPVK_VK_TO_VSC) & 0xFF) << 16);
+    if (IsExtended(vk))
+        l |= LPARAM(1) << 24;
+    if (alt)
+        l |= LPARAM(1) << 29;
+    if (wasDown || up)
+        l |= LPARAM(1) << 30;
+    if (up)
+        l |= LPARAM(1) << 31;
+    return l;
+}
+
+struct ButtonInfo
+{
+    UINT vk, down, up, dblclk;
+    WPARAM mk;
+};
+
+ButtonInfo Info(Button b)
+{
+    if (b == Button::Right)
+        return {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, MK_RBUTTON};
+    return {VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, MK_LBUTTON};
+}
+
+}  // namespace
+
+Modifiers::Modifiers(unsigned mods)
+{
+    GetKeyboardState(m_saved);
+    BYTE state[256];
+    std::memcpy(state, m_saved, sizeof state);
+    auto press = [&state](UINT generic, UINT left) {
+        state[generic] |= 0x80;
+        state[left] |= 0x80;
+    };
+    if (mods & kShift)
+        press(VK_SHIFT, VK_LSHIFT);
+    if (mods & kCtrl)
+        press(VK_CONTROL, VK_LCONTROL);
+    if (mods & kAlt)
+        press(VK_MENU, VK_LMENU);
+    SetKeyboardState(state);
+}
+
+Modifiers::~Modifiers() { SetKeyboardState(m_saved); }
+
+WPARAM MouseKeyFlags()
+{
+    WPARAM mk = 0;
+    if (IsDown(VK_LBUTTON)) mk |= MK_LBUTTON;
+    if (IsDown(VK_RBUTTON)) mk |= MK_RBUTTON;
+    if (IsDown(VK_MBUTTON)) mk |= MK_MBUTTON;
+    if (IsDown(VK_SHIFT)) mk |= MK_SHIFT;
+    if (IsDown(VK_CONTROL)) mk |= MK_CONTROL;
+    return mk;
+}
+
+void MouseMove(HWND hwnd, int x, int y) { PostAndPump(hwnd, WM_MOUSEMOVE, MouseKeyFlags(), Point(x, y)); }
+
+void MouseDown(HWND hwnd, int x, int y, Button button)
+{
+    const ButtonInfo b = Info(button);
+    SetKey(b.vk, true);
+    PostAndPump(hwnd, b.down, MouseKeyFlags(), Point(x, y));
+}
+
+void MouseUp(HWND hwnd, int x, int y, Button button)
+{
+    const ButtonInfo b = Info(button);
+    SetKey(b.vk, false);
+    PostAndPump(hwnd, b.up, MouseKeyFlags(), Point(x, y));
+}
+
+void Click(HWND hwnd, int x, int y, Button button)
+{
+    MouseDown(hwnd, x, y, button);
+    MouseUp(hwnd, x, y, button);
+}
+
+void DoubleClick(HWND hwnd, int x, int y, Button button)
+{
+    const ButtonInfo b = Info(button);
+    const bool dblclks = (GetClassLongPtrA(hwnd, GCL_STYLE) & CS_DBLCLKS) != 0;
+    MouseDown(hwnd, x, y, button);
+    MouseUp(hwnd, x, y, button);
+    SetKey(b.vk, true);
+    PostAndPump(hwnd, dblclks ? b.dblclk : b.down, MouseKeyFlags(), Point(x, y));
+    MouseUp(hwnd, x, y, button);
+}
+
+void MouseWheel(HWND hwnd, int x, int y, int delta)
+{
+    POINT pt = {x, y};
+    ClientToScreen(hwnd, &pt);
+    const WPARAM w = MAKEWPARAM(static_cast<WORD>(MouseKeyFlags()), static_cast<WORD>(static_cast<short>(delta)));
+    PostAndPump(hwnd, WM_MOUSEWHEEL, w, Point(pt.x, pt.y));
+}
+
+void KeyDown(HWND hwnd, UINT vk)
+{
+    const bool wasDown = IsDown(vk);
+    SetKey(vk, true);
+    const bool alt = IsDown(VK_MENU);
+    const UINT msg = (alt || vk == VK_F10) ? WM_SYSKEYDOWN : WM_KEYDOWN;
+    PostAndPump(hwnd, msg, vk, KeyLParam(vk, false, wasDown, alt));
+}
+
+void KeyUp(HWND hwnd, UINT vk)
+{
+    SetKey(vk, false);
+    const bool alt = IsDown(VK_MENU);
+    const UINT msg = (alt || vk == VK_F10) ? WM_SYSKEYUP : WM_KEYUP;
+    PostAndPump(hwnd, msg, vk, KeyLParam(vk, true, true, alt));
+}
+
+void KeyPress(HWND hwnd, UINT vk)
+{
+    KeyDown(hwnd, vk);
+    KeyUp(hwnd, vk);
+}
+
+void Char(HWND hwnd, char ch)
+{
+    PostAndPump(hwnd, WM_CHAR, static_cast<BYTE>(ch), 1);
+}
+
+void Type(HWND hwnd, const char* text)
+{
+    for (const char* p = text; *p; ++p) {
+        if (*p == '\n' || *p == '\r') {
+            KeyPress(hwnd, VK_RETURN);
+            continue;
+        }
+        const SHORT scan = VkKeyScanA(*p);
+        const UINT vk = LOBYTE(scan);
+        const unsigned shifts = HIBYTE(scan);
+        if (scan == -1 || (shifts & ~1u) != 0) {  // no plain or shifted key gives it
+            Char(hwnd, *p);
+            continue;
+        }
+        if ((shifts & 1) && !IsDown(VK_SHIFT)) {
+            Modifiers shift(kShift);
+            KeyPress(hwnd, vk);
+        } else {
+            KeyPress(hwnd, vk);
+        }
+    }
+}
+
+}  // namespace hytest

@@ -1,0 +1,217 @@
+#include "hytest_render.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+
+namespace hytest {
+
+namespace {
+
+DWORD ToPixel(COLORREF c) { return (GetRValue(c) << 16) | (GetGValue(c) << 8) | GetBValue(c); }
+COLORREF ToColour(DWORD p) { return RGB((p >> 16) & 0xFF, (p >> 8) & 0xFF, p & 0xFF); }
+
+std::string ColourText(COLORREF c)
+{
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "RGB(%u,%u,%u)", GetRValue(c), GetGValue(c), GetBValue(c));
+    return buf;
+}
+
+}  // namespace
+
+Renderer::Renderer(int width, int height) { Create(width, height); }
+
+Renderer::Renderer(HWND hwnd, PaintMode mode)
+{
+    RECT rc = {};
+    if (mode == PaintMode::Print)
+        GetWindowRect(hwnd, &rc);
+    else
+        GetClientRect(hwnd, &rc);
+    Create(rc.right - rc.left, rc.bottom - rc.top);
+    Render(hwnd, mode);
+}
+
+Renderer::~Renderer()
+{
+    if (m_dc) {
+        SelectObject(m_dc, m_oldBitmap);
+        DeleteDC(m_dc);
+    }
+    if (m_bitmap)
+        DeleteObject(m_bitmap);
+}
+
+void Renderer::Create(int width, int height)
+{
+    m_width = std::max(width, 1);
+    m_height = std::max(height, 1);
+    BITMAPINFO bi = {};
+    bi.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+    bi.bmiHeader.biWidth = m_width;
+    bi.bmiHeader.biHeight = -m_height;  // top-down
+    bi.bmiHeader.biPlanes = 1;
+    bi.bmiHeader.biBitCount = 32;
+    bi.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    m_bitmap = CreateDIBSection(nullptr, &bi, DIB_RGB_COLORS, &bits, nullptr, 0);
+    m_bits = static_cast<DWORD*>(bits);
+    m_dc = CreateCompatibleDC(nullptr);
+    m_oldBitmap = SelectObject(m_dc, m_bitmap);
+    Fill(kUnpainted);
+}
+
+void Renderer::Fill(COLORREF colour)
+{
+    GdiFlush();
+    std::fill(m_bits, m_bits + static_cast<size_t>(m_width) * m_height, ToPixel(colour));
+}
+
+void Renderer::Render(HWND hwnd, PaintMode mode, COLORREF fill)
+{
+    Fill(fill);
+    const int saved = SaveDC(m_dc);
+    switch (mode) {
+    case PaintMode::PrintClient:
+        SendMessageA(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(m_dc),
+                     PRF_CLIENT | PRF_ERASEBKGND | PRF_CHILDREN);
+        break;
+    case PaintMode::Print:
+        SendMessageA(hwnd, WM_PRINT, reinterpret_cast<WPARAM>(m_dc),
+                     PRF_NONCLIENT | PRF_CLIENT | PRF_ERASEBKGND | PRF_CHILDREN);
+        break;
+    case PaintMode::PaintDC: {
+        RECT all = {0, 0, m_width, m_height};
+        PaintTree(hwnd, POINT{0, 0}, all);
+        break;
+    }
+    }
+    RestoreDC(m_dc, saved);
+    GdiFlush();
+}
+
+void Renderer::PaintTree(HWND hwnd, POINT origin, const RECT& clip)
+{
+    const int saved = SaveDC(m_dc);
+    SetViewportOrgEx(m_dc, origin.x, origin.y, nullptr);
+    HRGN rgn = CreateRectRgnIndirect(&clip);
+    SelectClipRgn(m_dc, rgn);
+    DeleteObject(rgn);
+    SendMessageA(hwnd, WM_ERASEBKGND, reinterpret_cast<WPARAM>(m_dc), 0);
+    SendMessageA(hwnd, WM_PAINT, reinterpret_cast<WPARAM>(m_dc), 0);
+    RestoreDC(m_dc, saved);
+
+    // Children bottom of the z-order first, so the topmost ends up on top.
+    HWND child = GetWindow(hwnd, GW_CHILD);
+    HWND last = child ? GetWindow(child, GW_HWNDLAST) : nullptr;
+    for (HWND c = last; c; c = GetWindow(c, GW_HWNDPREV)) {
+        if (!(GetWindowLongA(c, GWL_STYLE) & WS_VISIBLE))
+            continue;
+        RECT rc;
+        GetClientRect(c, &rc);
+        POINT at = {0, 0};
+        MapWindowPoints(c, hwnd, &at, 1);
+        const POINT childOrigin = {origin.x + at.x, origin.y + at.y};
+        RECT childClip = {childOrigin.x, childOrigin.y, childOrigin.x + rc.right, childOrigin.y + rc.bottom};
+        RECT both;
+        if (IntersectRect(&both, &childClip, &clip))
+            PaintTree(c, childOrigin, both);
+    }
+}
+
+COLORREF Renderer::At(int x, int y) const
+{
+    if (x < 0 || y < 0 || x >= m_width || y >= m_height)
+        return CLR_INVALID;
+    GdiFlush();
+    return ToColour(m_bits[static_cast<size_t>(y) * m_width + x] & 0xFFFFFF);
+}
+
+namespace {
+RECT Clipped(const RECT& r, int w, int h)
+{
+    return RECT{std::max<LONG>(r.left, 0), std::max<LONG>(r.top, 0), std::min<LONG>(r.right, w),
+                std::min<LONG>(r.bottom, h)};
+}
+}  // namespace
+
+int Renderer::Count(const RECT& r, COLORREF colour) const
+{
+    const RECT c = Clipped(r, m_width, m_height);
+    int n = 0;
+    for (int y = c.top; y < c.bottom; ++y)
+        for (int x = c.left; x < c.right; ++x)
+            n += At(x, y) == colour;
+    return n;
+}
+
+bool Renderer::RowContains(int y, int x0, int x1, COLORREF colour) const
+{
+    for (int x = std::max(x0, 0); x <= std::min(x1, m_width - 1); ++x)
+        if (At(x, y) == colour)
+            return true;
+    return false;
+}
+
+COLORREF Renderer::Dominant(const RECT& r) const
+{
+    const RECT c = Clipped(r, m_width, m_height);
+    std::map<COLORREF, int> counts;
+    for (int y = c.top; y < c.bottom; ++y)
+        for (int x = c.left; x < c.right; ++x)
+            ++counts[At(x, y)];
+    COLORREF best = CLR_INVALID;
+    int bestCount = 0;
+    for (const auto& [colour, n] : counts)
+        if (n > bestCount) {
+            best = colour;
+            bestCount = n;
+        }
+    return best;
+}
+
+::testing::AssertionResult Renderer::AllPixels(const RECT& r, COLORREF colour) const
+{
+    const RECT c = Clipped(r, m_width, m_height);
+    int bad = 0, firstX = -1, firstY = -1;
+    for (int y = c.top; y < c.bottom; ++y)
+        for (int x = c.left; x < c.right; ++x)
+            if (At(x, y) != colour && bad++ == 0) {
+                firstX = x;
+                firstY = y;
+            }
+    if (c.left >= c.right || c.top >= c.bottom)
+        return ::testing::AssertionFailure() << "rectangle lies outside the bitmap";
+    if (bad == 0)
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure()
+           << bad << " pixel(s) of (" << r.left << "," << r.top << ")-(" << r.right << "," << r.bottom
+           << ") are not " << ColourText(colour) << "; first at (" << firstX << "," << firstY << ") is "
+           << ColourText(At(firstX, firstY)) << "; dominant " << ColourText(Dominant(r));
+}
+
+bool Renderer::SaveBmp(const char* path) const
+{
+    GdiFlush();
+    BITMAPINFOHEADER bih = {};
+    bih.biSize = sizeof bih;
+    bih.biWidth = m_width;
+    bih.biHeight = -m_height;
+    bih.biPlanes = 1;
+    bih.biBitCount = 32;
+    bih.biCompression = BI_RGB;
+    const DWORD imageSize = static_cast<DWORD>(m_width) * m_height * 4;
+    BITMAPFILEHEADER bfh = {};
+    bfh.bfType = 0x4D42;  // "BM"
+    bfh.bfOffBits = sizeof bfh + sizeof bih;
+    bfh.bfSize = bfh.bfOffBits + imageSize;
+    FILE* f = std::fopen(path, "wb");
+    if (!f)
+        return false;
+    bool ok = std::fwrite(&bfh, sizeof bfh, 1, f) == 1 && std::fwrite(&bih, sizeof bih, 1, f) == 1 &&
+              std::fwrite(m_bits, imageSize, 1, f) == 1;
+    return std::fclose(f) == 0 && ok;
+}
+
+}  // namespace hytest

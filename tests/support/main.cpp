@@ -1,0 +1,72 @@
+// Entry point of every Wine-run suite.
+//
+// A listener checks after each test that the test destroyed every top-level
+// window it created on this thread. A window left behind is reported as a
+// failure of that test (class and title named) and only then destroyed, so
+// the leak is never hidden and later tests start from a clean thread.
+// Messages still queued at that point are discarded without being
+// dispatched: no code of a finished test runs during the next one.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+BOOL CALLBACK CollectWindow(HWND hwnd, LPARAM list)
+{
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(hwnd);
+    return TRUE;
+}
+
+std::vector<HWND> ThreadWindows()
+{
+    std::vector<HWND> list;
+    EnumThreadWindows(GetCurrentThreadId(), &CollectWindow, reinterpret_cast<LPARAM>(&list));
+    list.erase(std::remove_if(list.begin(), list.end(),
+                              [](HWND h) {
+                                  char cls[32] = "";
+                                  GetClassNameA(h, cls, sizeof cls);
+                                  return lstrcmpiA(cls, "IME") == 0;  // the system's own
+                              }),
+               list.end());
+    return list;
+}
+
+class LeftoverWindowCheck : public testing::EmptyTestEventListener
+{
+    void OnTestStart(const testing::TestInfo&) override { m_before = ThreadWindows(); }
+
+    void OnTestEnd(const testing::TestInfo&) override
+    {
+        std::vector<HWND> leftovers;
+        for (HWND h : ThreadWindows())
+            if (std::find(m_before.begin(), m_before.end(), h) == m_before.end())
+                leftovers.push_back(h);
+        for (HWND h : leftovers) {
+            char cls[64] = "", title[64] = "";
+            GetClassNameA(h, cls, sizeof cls);
+            GetWindowTextA(h, title, sizeof title);
+            ADD_FAILURE() << "window left behind by the test: class \"" << cls << "\", title \"" << title << "\"";
+        }
+        for (HWND h : leftovers)
+            if (IsWindow(h))
+                DestroyWindow(h);
+        MSG msg;
+        while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
+        }
+    }
+
+    std::vector<HWND> m_before;
+};
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new LeftoverWindowCheck);
+    return RUN_ALL_TESTS();
+}
