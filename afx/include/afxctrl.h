@@ -308,7 +308,8 @@ public:
     BOOL Attach(HMENU hMenu);
     HMENU Detach();
 
-    HMENU GetSafeHmenu() const { return this == nullptr ? nullptr : m_hMenu; }
+    // Safe on a NULL pointer: answers NULL.
+    HMENU GetSafeHmenu() const;
     operator HMENU() const { return GetSafeHmenu(); }
     BOOL operator==(const CMenu& menu) const { return menu.m_hMenu == m_hMenu; }
     BOOL operator!=(const CMenu& menu) const { return menu.m_hMenu != m_hMenu; }

@@ -36,6 +36,8 @@ void AFXAPI AfxAssertFailed(LPCSTR file, int line)
 }
 
 // ---- state ----
+static const char s_frameworkMarker = 0;   // an address inside HyAfx.dll
+
 AfxProcessState& AfxGetProcessState()
 {
     static AfxProcessState* s = [] {
@@ -45,16 +47,30 @@ AfxProcessState& AfxGetProcessState()
         p->hResource = p->hInstance;
         GetModuleHandleEx(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
                               GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                          (LPCTSTR)&AfxGetProcessState, &p->hFramework);
+                          &s_frameworkMarker, &p->hFramework);
         return p;
     }();
     return *s;
 }
 
+// Per-thread state lives in a fiber-local slot whose callback frees it when
+// the thread ends. (A thread_local object with a destructor in this DLL
+// corrupts the process when a worker thread exits under this toolchain.)
+static void WINAPI FreeThreadState(void* p)
+{
+    delete static_cast<AfxThreadState*>(p);
+}
+
 AfxThreadState& AfxGetThreadState()
 {
-    static thread_local AfxThreadState state;
-    return state;
+    static const DWORD slot = ::FlsAlloc(FreeThreadState);
+    auto* p = static_cast<AfxThreadState*>(::FlsGetValue(slot));
+    if (p == nullptr)
+    {
+        p = new AfxThreadState;
+        ::FlsSetValue(slot, p);
+    }
+    return *p;
 }
 
 HINSTANCE AFXAPI AfxGetInstanceHandle() { return AfxGetProcessState().hInstance; }

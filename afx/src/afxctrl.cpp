@@ -407,6 +407,8 @@ HMENU CMenu::Detach()
     return hMenu;
 }
 
+HMENU CMenu::GetSafeHmenu() const { return this == nullptr ? nullptr : m_hMenu; }
+
 BOOL CMenu::CreateMenu() { return Attach(::CreateMenu()); }
 BOOL CMenu::CreatePopupMenu() { return Attach(::CreatePopupMenu()); }
 

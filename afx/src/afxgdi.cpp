@@ -95,7 +95,30 @@ struct CTempMaps
     }
 };
 
-thread_local CTempMaps t_tempMaps;
+// Per-thread storage through a fiber-local slot: its callback frees a thread's
+// maps when the thread ends, without relying on DllMain notifications.
+DWORD g_flsTempMaps = FLS_OUT_OF_INDEXES;
+INIT_ONCE g_flsOnce = INIT_ONCE_STATIC_INIT;
+
+void WINAPI FreeTempMaps(PVOID pv)
+{
+    delete static_cast<CTempMaps*>(pv);
+}
+
+CTempMaps& TempMaps()
+{
+    ::InitOnceExecuteOnce(&g_flsOnce, [](PINIT_ONCE, PVOID, PVOID*) -> BOOL {
+        g_flsTempMaps = ::FlsAlloc(FreeTempMaps);
+        return TRUE;
+    }, nullptr, nullptr);
+    auto* p = static_cast<CTempMaps*>(::FlsGetValue(g_flsTempMaps));
+    if (p == nullptr)
+    {
+        p = new CTempMaps;
+        ::FlsSetValue(g_flsTempMaps, p);
+    }
+    return *p;
+}
 
 bool IsKindOfClass(const CObject* p, const CRuntimeClass* pClass)
 {
@@ -151,7 +174,7 @@ CGdiObject* AfxLookupGdiObject(HGDIOBJ hObject, const CRuntimeClass* pClass)
     if (CGdiObject* p = PermanentGdiMap().Lookup(hObject); p != nullptr && IsKindOfClass(p, pClass))
         return p;
 
-    CTempMaps& maps = t_tempMaps;
+    CTempMaps& maps = TempMaps();
     auto it = maps.gdi.find(hObject);
     if (it != maps.gdi.end())
     {
@@ -169,7 +192,7 @@ CDC* AfxLookupDC(HDC hDC)
 {
     if (hDC == NULL) return nullptr;
     if (CDC* p = PermanentDCMap().Lookup(hDC)) return p;
-    CTempMaps& maps = t_tempMaps;
+    CTempMaps& maps = TempMaps();
     auto it = maps.dc.find(hDC);
     if (it != maps.dc.end()) return it->second;
     CDC* p = new CDC;
@@ -184,12 +207,13 @@ void AfxRemovePermanentDC(HDC hDC, CDC* pDC) { PermanentDCMap().Remove(hDC, pDC)
 
 HYAFX_API void AFXAPI AfxDeleteTempGdiMaps()
 {
-    t_tempMaps.DeleteGdi();
-    t_tempMaps.DeleteDC();
+    CTempMaps& maps = TempMaps();
+    maps.DeleteGdi();
+    maps.DeleteDC();
 }
 
-void PASCAL CGdiObject::DeleteTempMap() { t_tempMaps.DeleteGdi(); }
-void PASCAL CDC::DeleteTempMap() { t_tempMaps.DeleteDC(); }
+void PASCAL CGdiObject::DeleteTempMap() { TempMaps().DeleteGdi(); }
+void PASCAL CDC::DeleteTempMap() { TempMaps().DeleteDC(); }
 
 HDC CDC::GetSafeHdc() const
 {

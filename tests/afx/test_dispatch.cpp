@@ -263,6 +263,14 @@ protected:
     {
         ASSERT_TRUE(parent.CreateEx(0, nullptr, "parent", WS_OVERLAPPEDWINDOW, CRect(0, 0, 200, 200), nullptr, 0));
         ASSERT_TRUE(button.Create("BUTTON", "b", WS_VISIBLE | BS_OWNERDRAW, CRect(5, 5, 60, 30), &parent, kButtonId));
+        // A click on an owner-draw child of this parent makes one-time
+        // system objects; the guard compares after it.
+        CWnd scratch;
+        scratch.Create("BUTTON", "s", WS_VISIBLE | BS_OWNERDRAW, CRect(70, 5, 90, 30), &parent, 999);
+        scratch.SendMessage(BM_CLICK);
+        hytest::PumpMessages();
+        scratch.DestroyWindow();
+        guard.Rebase();
     }
     void TearDown() override { parent.DestroyWindow(); }
     LRESULT Notify(UINT code)

@@ -13,4 +13,13 @@ inline void WarmUpStandardControls()
         ::UpdateWindow(h);
         ::DestroyWindow(h);
     }
+    // An owner-draw child clicked inside a hidden parent.
+    HWND parent = ::CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 80, 40, nullptr, nullptr, nullptr, nullptr);
+    HWND button = ::CreateWindowExA(0, "BUTTON", "", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, 0, 0, 40, 20,
+                                    parent, nullptr, nullptr, nullptr);
+    ::SendMessageA(button, BM_CLICK, 0, 0);
+    ::DestroyWindow(parent);
+    MSG msg;
+    while (::PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE))
+        ::DispatchMessageA(&msg);
 }
