@@ -41,6 +41,7 @@ configure_and_build() {
 start_wineserver() {
   export HY_WINEPREFIX=$build/win/wineprefix WINEPREFIX=$build/win/wineprefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
   "$root/cmake/wine-run.sh" cmd /c exit >/dev/null 2>&1 || true   # creates the prefix once
+  wineserver -w      # the server of that run lingers; let it end first
   wineserver -p
   trap 'wineserver -k 2>/dev/null || true' EXIT
 }

@@ -347,7 +347,6 @@ namespace {
 
 // This thread's menu wrappers: the permanent ones (Attach) and the
 // temporary ones made by FromHandle.
-struct MenuMaps;
 thread_local bool t_menuMapsGone = false;   // trivial: still readable after the maps are gone
 
 struct MenuMaps

@@ -496,13 +496,6 @@ TEST(ControlsButton, BitmapAndStaticImagesAnswerThePreviousOne)
         EXPECT_EQ(nullptr, pic.SetBitmap(a));
         EXPECT_EQ((HBITMAP)a, pic.GetBitmap());
         EXPECT_EQ((HBITMAP)a, pic.SetBitmap(nullptr));
-
-        CStatic label;
-        ASSERT_TRUE(label.Create(_T("Name:"), WS_CHILD | SS_LEFT, CRect(0, 50, 90, 70), &parent, 405));
-        CString text;
-        label.GetWindowText(text);
-        EXPECT_STREQ(_T("Name:"), (LPCTSTR)text);
-        EXPECT_EQ(405, label.GetDlgCtrlID());
     });
 }
 

@@ -287,6 +287,7 @@ std::vector<MenuItem> ReadMenu(HMENU menu)
 
 namespace {
 const char kDriverProp[] = "hytest.DialogDriver.prev";
+const char kPendingProp[] = "hytest.DialogDriver.pending";  // initialised, not yet shown
 UINT DriveMessage() { static UINT m = RegisterWindowMessageA("hytest.DialogDriver.drive"); return m; }
 UINT CheckMessage() { static UINT m = RegisterWindowMessageA("hytest.DialogDriver.check"); return m; }
 }  // namespace
@@ -315,6 +316,14 @@ LRESULT CALLBACK InterceptAccess::DialogHook(int code, WPARAM wParam, LPARAM lPa
             const LONG_PTR prev = SetWindowLongPtrA(cwp->hwnd, GWLP_WNDPROC,
                                                     reinterpret_cast<LONG_PTR>(&DrivenDialogProc));
             SetPropA(cwp->hwnd, kDriverProp, reinterpret_cast<HANDLE>(prev));
+            // A person acts on what is on the screen: the callback runs once
+            // the dialog has been shown (modal loops show it at first idle).
+            if (IsWindowVisible(cwp->hwnd))
+                PostMessageA(cwp->hwnd, DriveMessage(), 0, 0);
+            else
+                SetPropA(cwp->hwnd, kPendingProp, reinterpret_cast<HANDLE>(1));
+        } else if (cwp->message == WM_SHOWWINDOW && cwp->wParam && GetPropA(cwp->hwnd, kPendingProp)) {
+            RemovePropA(cwp->hwnd, kPendingProp);
             PostMessageA(cwp->hwnd, DriveMessage(), 0, 0);
         }
     }
@@ -346,12 +355,16 @@ LRESULT CALLBACK InterceptAccess::DrivenDialogProc(HWND hwnd, UINT msg, WPARAM w
         GetWindowTextA(hwnd, title, sizeof title);
         ADD_FAILURE() << "DialogDriver: dialog \"" << title
                       << "\" still open after the callback's input was handled; ended with IDCANCEL";
-        EndDialog(hwnd, IDCANCEL);
+        // The command ends framework dialogs too, whose modal loop is not the system's.
+        SendMessageA(hwnd, WM_COMMAND, IDCANCEL, 0);
+        if (IsWindow(hwnd) && IsWindowVisible(hwnd))
+            EndDialog(hwnd, IDCANCEL);
         return 0;
     }
     if (msg == WM_NCDESTROY) {
         SetWindowLongPtrA(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(prev));
         RemovePropA(hwnd, kDriverProp);
+        RemovePropA(hwnd, kPendingProp);
     }
     return CallWindowProcA(prev, hwnd, msg, wParam, lParam);
 }
