@@ -60,6 +60,10 @@ case "$cmd" in
     ;;
   gallery)
     setup; configure_and_build
+    if [ ! -f "$build/win/bin/HyGallery.exe" ]; then
+      echo "hy: the gallery is not part of this build yet (HyGallery.exe arrives with the host kit)" >&2
+      exit 1
+    fi
     start_wineserver
     if [ -n "${DISPLAY:-}" ]; then export HY_WINE_DRIVER=x11; fi
     "$root/cmake/wine-run.sh" "$build/win/bin/HyGallery.exe" --out "$build/gallery" "${@:2}"

@@ -496,6 +496,16 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
         *pResult = lResult;
         return TRUE;
     }
+    // Owner-draw menu items are drawn and measured by their CMenu object.
+    if ((message == WM_DRAWITEM && ((LPDRAWITEMSTRUCT)lParam)->CtlType == ODT_MENU) ||
+        (message == WM_MEASUREITEM && ((LPMEASUREITEMSTRUCT)lParam)->CtlType == ODT_MENU))
+    {
+        if (CMenu::HandleOwnerDraw(message, lParam))
+        {
+            *pResult = TRUE;
+            return TRUE;
+        }
+    }
     // Notifications a control can handle itself go to the control first;
     // the parent's own handler runs only when the control declines.
     if (HWND hWndChild = ReflectionTarget(m_hWnd, message, wParam, lParam))

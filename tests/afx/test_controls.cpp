@@ -890,34 +890,40 @@ TEST(ControlsMenu, OwnerDrawItemsReachTheirMenu)
         ASSERT_TRUE(plain.CreatePopupMenu());
         plain.AppendMenu(MF_STRING, 601, _T("same id, not owner-drawn"));
 
+        // Through a real parent: its dispatch hands menu items to their CMenu.
+        CWnd parent;
+        ASSERT_TRUE(parent.CreateEx(0, nullptr, _T("menu owner"), WS_POPUP, CRect(0, 0, 50, 50), nullptr, 0));
+        auto send = [&](UINT msg, void* p) { return parent.SendMessage(msg, 0, (LPARAM)p); };
+
         MEASUREITEMSTRUCT mis = {};
         mis.CtlType = ODT_MENU;
         mis.itemID = 601;
         mis.itemData = 0xA2;
-        EXPECT_TRUE(CMenu::HandleOwnerDraw(WM_MEASUREITEM, (LPARAM)&mis));
+        EXPECT_EQ(TRUE, send(WM_MEASUREITEM, &mis));
         ASSERT_EQ(1u, colours.measured.size());
         EXPECT_EQ(0xA2u, colours.measured[0]);
         EXPECT_EQ(80u, mis.itemWidth);
         EXPECT_EQ(18u, mis.itemHeight);
 
         mis.itemData = 0xA9;   // no item carries this data
-        EXPECT_FALSE(CMenu::HandleOwnerDraw(WM_MEASUREITEM, (LPARAM)&mis));
+        EXPECT_EQ(0, send(WM_MEASUREITEM, &mis));
         mis.CtlType = ODT_LISTBOX;
         mis.itemData = 0xA2;
-        EXPECT_FALSE(CMenu::HandleOwnerDraw(WM_MEASUREITEM, (LPARAM)&mis));
+        EXPECT_EQ(0, send(WM_MEASUREITEM, &mis));
         EXPECT_EQ(1u, colours.measured.size());
 
         DRAWITEMSTRUCT dis = {};
         dis.CtlType = ODT_MENU;
         dis.itemID = 600;
         dis.hwndItem = (HWND)colours.m_hMenu;
-        EXPECT_TRUE(CMenu::HandleOwnerDraw(WM_DRAWITEM, (LPARAM)&dis));
+        EXPECT_EQ(TRUE, send(WM_DRAWITEM, &dis));
         ASSERT_EQ(1u, colours.drawn.size());
         EXPECT_EQ(600u, colours.drawn[0]);
 
         // A menu without a permanent wrapper is left to the window.
         HMENU loose = colours.Detach();
         EXPECT_FALSE(CMenu::HandleOwnerDraw(WM_DRAWITEM, (LPARAM)&dis));
+        parent.DestroyWindow();
         ::DestroyMenu(loose);
     });
 }
