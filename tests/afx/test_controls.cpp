@@ -5,6 +5,7 @@
 
 #include "afxwin.h"
 #include "hytest.h"
+#include "afx_test_helpers.h"
 
 #include <vector>
 
@@ -44,22 +45,6 @@ BEGIN_MESSAGE_MAP(TestParent, CWnd)
     ON_COMMAND_RANGE(100, 999, OnCommandRange)
 END_MESSAGE_MAP()
 
-// Runs body once as a warm-up, then again several times, and fails when the
-// process's GDI or USER object counts grew across the repetitions.
-template <class F>
-void RunRepeated(F body, int times = 3)
-{
-    hytest::ObjectGuard guard([&] { body(); hytest::PumpMessages(); });
-    if (::testing::Test::HasFailure()) {
-        guard.Dismiss();
-        return;
-    }
-    for (int i = 0; i < times; ++i)
-        body();
-    hytest::PumpMessages();
-    AfxDeleteTempMaps();
-    guard.Check("repeated create/destroy");
-}
 
 const CRect kCtrlRect(10, 10, 210, 160);
 

@@ -4,6 +4,7 @@
 
 #include "afxcmn.h"
 #include "hytest.h"
+#include "afx_test_helpers.h"
 
 #include <string>
 
@@ -15,22 +16,6 @@ BOOL CreateParent(CWnd& parent)
                            WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0, 0, 400, 300, nullptr, nullptr);
 }
 
-// Runs body once as a warm-up, then again several times, and fails when the
-// process's GDI or USER object counts grew across the repetitions.
-template <class F>
-void RunRepeated(F body, int times = 3)
-{
-    hytest::ObjectGuard guard([&] { body(); hytest::PumpMessages(); });
-    if (::testing::Test::HasFailure()) {
-        guard.Dismiss();
-        return;
-    }
-    for (int i = 0; i < times; ++i)
-        body();
-    hytest::PumpMessages();
-    AfxDeleteTempMaps();
-    guard.Check("repeated create/destroy");
-}
 
 // ---------------------------------------------------------------------------
 // up-down

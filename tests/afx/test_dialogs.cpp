@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 #include "hytest.h"
-#include "warm_up.h"
+#include "afx_test_helpers.h"
 
 namespace {
 

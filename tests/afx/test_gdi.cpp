@@ -3,28 +3,12 @@
 
 #include "afxgdi.h"
 #include "afxstr.h"
+#include "hytest.h"
 
 #include <memory>
 #include <vector>
 
 namespace {
-
-// Live entries of the process's shared GDI handle table: the PEB holds
-// GdiSharedHandleTable at 0xF8 (x64); entries are 24 bytes with the object
-// type byte at offset 14 (0 = free slot). Wine 8 fills it; GetGuiResources
-// answers 0 there.
-int CountGdiObjects()
-{
-    const BYTE* peb;
-    __asm__ volatile("movq %%gs:0x60, %0" : "=r"(peb));
-    const BYTE* table = *reinterpret_cast<const BYTE* const*>(peb + 0xF8);
-    if (table == nullptr) return -1;
-    constexpr int kEntries = 0x10000, kEntrySize = 24, kTypeOffset = 14;
-    int live = 0;
-    for (int i = 0; i < kEntries; ++i)
-        if (table[i * kEntrySize + kTypeOffset] != 0) ++live;
-    return live;
-}
 
 // A memory DC with a top-down 32-bit DIB selected, filled with one colour.
 class Surface
@@ -89,13 +73,13 @@ constexpr COLORREF kBlue = RGB(0, 0, 255);
 
 TEST(GdiHandleCount, FollowsCreationAndDeletionOfHundredBrushes)
 {
-    const int before = CountGdiObjects();
+    const long before = hytest::GdiObjectCount();
     ASSERT_GT(before, 0);
     std::vector<HBRUSH> brushes;
     for (int i = 0; i < 100; ++i) brushes.push_back(::CreateSolidBrush(RGB(i, 0, 0)));
-    EXPECT_EQ(before + 100, CountGdiObjects());
+    EXPECT_EQ(before + 100, hytest::GdiObjectCount());
     for (HBRUSH h : brushes) ::DeleteObject(h);
-    EXPECT_EQ(before, CountGdiObjects());
+    EXPECT_EQ(before, hytest::GdiObjectCount());
 }
 
 /////////////////////////////////////////////////////////////////////////////
@@ -403,9 +387,9 @@ TEST(GdiObjects, TemporaryMapsDoNotLeakGdiObjects)
         AfxDeleteTempGdiMaps();
     };
     round();  // warm-up
-    const int before = CountGdiObjects();
+    const long before = hytest::GdiObjectCount();
     for (int i = 0; i < 5; ++i) round();
-    EXPECT_EQ(before, CountGdiObjects());
+    EXPECT_EQ(before, hytest::GdiObjectCount());
 }
 
 TEST(GdiObjects, CreatePointFontConvertsTenthsOfAPointToPixels)
@@ -968,8 +952,8 @@ TEST(GdiMemBuffer, LeavesNoGdiObjectsBehind)
         buf->Rectangle(2, 2, 60, 60);
     };
     paint();
-    const int before = CountGdiObjects();
+    const long before = hytest::GdiObjectCount();
     for (int i = 0; i < 100; ++i) paint();
-    EXPECT_EQ(before, CountGdiObjects());
+    EXPECT_EQ(before, hytest::GdiObjectCount());
     EXPECT_EQ(kRed, s.At(2, 2));
 }

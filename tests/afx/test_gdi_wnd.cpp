@@ -2,32 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "afxwin.h"
+#include "hytest.h"
 
 namespace {
 
-// Live entries of the shared GDI handle table (see test_gdi.cpp).
-int CountGdiObjects()
-{
-    const BYTE* peb;
-    __asm__ volatile("movq %%gs:0x60, %0" : "=r"(peb));
-    const BYTE* table = *reinterpret_cast<const BYTE* const*>(peb + 0xF8);
-    if (table == nullptr) return -1;
-    int live = 0;
-    for (int i = 0; i < 0x10000; ++i)
-        if (table[i * 24 + 14] != 0) ++live;
-    return live;
-}
-
-int CountThreadWindows()
-{
-    int n = 0;
-    ::EnumThreadWindows(::GetCurrentThreadId(), [](HWND hwnd, LPARAM lp) -> BOOL {
-        ++*reinterpret_cast<int*>(lp);
-        ::EnumChildWindows(hwnd, [](HWND, LPARAM lp2) -> BOOL { ++*reinterpret_cast<int*>(lp2); return TRUE; }, lp);
-        return TRUE;
-    }, reinterpret_cast<LPARAM>(&n));
-    return n;
-}
 
 void PumpMessages()
 {
@@ -172,8 +150,9 @@ TEST_F(GdiWindowDC, RepeatedUseLeavesNoObjectsBehind)
         AfxDeleteTempGdiMaps();
     };
     round();
-    const int gdi = CountGdiObjects(), windows = CountThreadWindows();
+    const hytest::ObjectCounts before = hytest::CurrentObjectCounts();
     for (int i = 0; i < 5; ++i) round();
-    EXPECT_EQ(gdi, CountGdiObjects());
-    EXPECT_EQ(windows, CountThreadWindows());
+    const hytest::ObjectCounts after = hytest::CurrentObjectCounts();
+    EXPECT_EQ(before.gdi, after.gdi);
+    EXPECT_EQ(before.user, after.user);
 }

@@ -1,8 +1,28 @@
+// Object-count helpers shared by the framework suites.
+#pragma once
+#include <afxwin.h>
+#include <gtest/gtest.h>
+#include "hytest.h"
+
+// Runs body once as a warm-up, then again several times, and fails when the
+// process's GDI or USER object counts grew across the repetitions.
+template <class F>
+void RunRepeated(F body, int times = 3)
+{
+    hytest::ObjectGuard guard([&] { body(); hytest::PumpMessages(); });
+    if (::testing::Test::HasFailure()) {
+        guard.Dismiss();
+        return;
+    }
+    for (int i = 0; i < times; ++i)
+        body();
+    hytest::PumpMessages();
+    AfxDeleteTempMaps();
+    guard.Check("repeated create/destroy");
+}
+
 // Standard controls create their class's shared GDI objects on first use;
 // object guards of suites that use them compare after this warm-up.
-#pragma once
-#include <windows.h>
-
 inline void WarmUpStandardControls()
 {
     for (const char* cls : { "EDIT", "BUTTON", "STATIC" })
