@@ -43,6 +43,10 @@ start_wineserver() {
   "$root/cmake/wine-run.sh" cmd /c exit >/dev/null 2>&1 || true   # creates the prefix once
   wineserver -w      # the server of that run lingers; let it end first
   wineserver -p
+  # The first program under a new server starts the prefix's background
+  # services, which inherit its output and live as long as the server:
+  # start them here, detached from any test's output pipe.
+  "$root/cmake/wine-run.sh" cmd /c exit </dev/null >/dev/null 2>&1 || true
   trap 'wineserver -k 2>/dev/null || true' EXIT
 }
 
