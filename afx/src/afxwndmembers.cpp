@@ -117,7 +117,8 @@ void CWnd::CenterWindow(CWnd* pAlternateOwner)
     }
     else
     {
-        MONITORINFO mi{ sizeof mi };
+        MONITORINFO mi{};
+        mi.cbSize = sizeof mi;
         ::GetMonitorInfo(::MonitorFromWindow(hCenter ? hCenter : m_hWnd, MONITOR_DEFAULTTONEAREST), &mi);
         rcArea = mi.rcWork;
         if (hCenter != nullptr && ::IsWindowVisible(hCenter) && !::IsIconic(hCenter))

@@ -15,12 +15,12 @@ public:
     CHyDate(const CHyDate&) = default;
     CHyDate& operator=(const CHyDate&) = default;
 
-    // The flags word is deliberately not compared by either operator.
-    bool operator==(const CHyDate& other) const
+    // 1 or 0; the flags word is deliberately not compared by either operator.
+    int operator==(const CHyDate& other) const
     {
-        return year == other.year && month == other.month && day == other.day;
+        return year == other.year && month == other.month && day == other.day ? 1 : 0;
     }
-    bool operator!=(const CHyDate& other) const { return !(*this == other); }
+    int operator!=(const CHyDate& other) const { return *this == other ? 0 : 1; }
 
     void Empty() { year = month = day = flags = 0; }
 

@@ -1,0 +1,67 @@
+// Date and time helpers exported to the host's components.
+#include "HyDateHelpers.h"
+#include <afxdisp.h>
+#include <stdlib.h>
+#include <time.h>
+#include "HyOleDate.h"
+
+namespace {
+constexpr int kJapaneseEraCalendar = 3;   // CAL_JAPAN
+}
+
+CString HyGetDate(double date, int shortFormat)
+{
+    if (!hy::IsPositiveOleDate(date))
+        return CString();
+    SYSTEMTIME st{};
+    if (!COleDateTime(date).GetAsSystemTime(st))
+        return CString();
+
+    char calendar[2] = {};
+    ::GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_ICALENDARTYPE, calendar, sizeof calendar);
+    if (atoi(calendar) == kJapaneseEraCalendar)
+        return CString();   // deliberately: no date is formatted for the era calendar
+
+    // Only the date part: the time of day is ignored.
+    const DWORD flags = shortFormat ? DATE_SHORTDATE : DATE_LONGDATE;
+    int needed = ::GetDateFormatA(LOCALE_USER_DEFAULT, flags, &st, nullptr, nullptr, 0);
+    if (needed <= 0)
+        return CString();
+    CString result;
+    int written = ::GetDateFormatA(LOCALE_USER_DEFAULT, flags, &st, nullptr,
+                                   result.GetBuffer(needed + 1), needed + 1);
+    result.ReleaseBuffer(written > 0 ? written - 1 : 0);
+    return result;
+}
+
+int HyGetCTimeValid(int year, int month, int day, int hour, int minute, int second, CTime& out, int dst)
+{
+    out = CTime((__time64_t)-1);
+    struct tm t{};
+    t.tm_sec = second;
+    t.tm_min = minute;
+    t.tm_hour = hour;
+    t.tm_mday = day;
+    t.tm_mon = month - 1;
+    t.tm_year = year - 1900;
+    t.tm_isdst = dst;   // passed straight through: <0 lets the runtime decide
+    time_t value = mktime(&t);   // normalises out-of-range fields
+    if (value == -1)
+    {
+        // Deliberately asymmetric: east of Greenwich 1 January 1970 fails, and
+        // the caller still gets the same clock time a day later in out.
+        if (year == 1970 && month == 1 && day == 1)
+            out = CTime(1970, 1, 2, hour, minute, second, dst);
+        return 0;
+    }
+    out = CTime(value);
+    return 1;
+}
+
+long HyGetValidCTime(int year, int month, int day, int hour, int minute, int second, int dst)
+{
+    CTime result;
+    if (!HyGetCTimeValid(year, month, day, hour, minute, second, result, dst))
+        return -1;
+    return (long)result.GetTime();
+}
