@@ -1,0 +1,22 @@
+// What the gallery knows as a host: where it runs from, which language module
+// the library uses, and how to name modules and paths for a person.
+#pragma once
+#include <afxwin.h>
+
+// The folder of HyGallery.exe, without a trailing backslash.
+CString GalleryExeDir();
+// A module as a person reads it: its path below the gallery's folder
+// ("lang\de\HyLangUI.dll", "HyUI.dll"), else its full path.
+CString GalleryModuleName(HMODULE hModule);
+// The module HyUI.dll takes its resources from first (the language module,
+// or HyUI.dll itself when none was loaded); NULL before the library is
+// attached.
+HMODULE GalleryLibraryResourceModule();
+// A Windows path as the person who started the gallery reads it: the Unix
+// path under Wine, the Windows path elsewhere.
+CString GalleryDisplayPath(const CString& windowsPath);
+// A path given on the command line: a Unix path under Wine ("/tmp/out") is
+// turned into its Windows form; any other path is made absolute.
+CString GalleryWindowsPath(const CString& argument);
+// One line to the standard output or error stream (as bytes, unconverted).
+void GalleryPrintLine(const CString& line, bool toStdErr = false);

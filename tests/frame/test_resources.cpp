@@ -1,0 +1,301 @@
+// HyUI's string table, bitmaps and cursors, read from the built modules:
+// HyUI.dll's own English copy and the English and German language modules.
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <algorithm>
+#include <string>
+#include <vector>
+#include "HyUIRes.h"
+#include "hytest.h"
+#include "test_resources_support.h"
+
+using restest::DataModule;
+using restest::ModuleSpec;
+using restest::TableString;
+
+namespace {
+
+struct StringEntry
+{
+    UINT id;
+    const wchar_t* english;
+    bool sameInGerman;    // the German word is the same
+};
+
+const StringEntry kStrings[] = {
+    { IDS_DAY_MONDAY, L"M", true },
+    { IDS_DAY_TUESDAY, L"T", false },
+    { IDS_DAY_WEDNESDAY, L"W", false },
+    { IDS_DAY_THURSDAY, L"Th", false },
+    { IDS_DAY_FRIDAY, L"F", true },
+    { IDS_DAY_SUNDAY, L"S", true },
+    { IDS_DAY_SATURDAY, L"S", true },
+    { IDS_CARDS_EMPTY, L"\n\nThere are no items to show in this view", false },
+    { IDS_PASSWORD_ENTER_TITLE, L"Enter Password", false },
+    { IDS_PASSWORD_INCORRECT, L"The password is incorrect.", false },
+    { IDS_PASSWORD_EDIT_TITLE, L"Edit Private Record", false },
+    { IDS_YEAR_MENU_FORMAT, L"%Y", true },
+    { IDS_MONTH_MENU_FORMAT, L"%B %Y", true },
+    { IDS_NO_PHOTO, L"No Photo", false },
+    { IDS_URL_NO_CONNECTION, L"Could not connect to the internet", false },
+    { IDS_URL_INVALID, L"The URL address is not valid", false },
+    { IDS_URL_IMAGE_CORRUPT, L"The image is corrupt", false },
+    { IDS_REMIND_DAYS_ON_HANDHELD, L"Remind %d days on handheld", false },
+};
+
+// The printf/strftime conversions of a text, in order ("%d", "%B" ...).
+std::wstring Conversions(const std::wstring& text)
+{
+    std::wstring out;
+    for (size_t i = 0; i + 1 < text.size(); ++i)
+        if (text[i] == L'%')
+        {
+            out += text.substr(i, 2);
+            ++i;
+        }
+    return out;
+}
+
+class StringTable : public ::testing::TestWithParam<ModuleSpec>
+{
+};
+
+TEST_P(StringTable, EveryIdOfTheTableIsPresent)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    for (const StringEntry& entry : kStrings)
+        EXPECT_FALSE(TableString(module.get(), entry.id).empty()) << GetParam().name << " lacks " << entry.id;
+}
+
+TEST_P(StringTable, EmptyViewTextStartsWithExactlyTwoLineFeeds)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    std::wstring text = TableString(module.get(), IDS_CARDS_EMPTY);
+    ASSERT_GT(text.size(), 3u);
+    EXPECT_EQ(text.substr(0, 2), L"\n\n");
+    EXPECT_NE(text[2], L'\n');
+    EXPECT_NE(text[2], L'\r');
+}
+
+TEST_P(StringTable, FormatStringsKeepTheirConversions)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    for (const StringEntry& entry : kStrings)
+        EXPECT_EQ(Conversions(TableString(module.get(), entry.id)), Conversions(entry.english))
+            << GetParam().name << " string " << entry.id;
+}
+
+INSTANTIATE_TEST_SUITE_P(Resources, StringTable,
+                         ::testing::Values(restest::kHyUI, restest::kLangEn, restest::kLangDe),
+                         [](const ::testing::TestParamInfo<ModuleSpec>& info) {
+                             return std::string(info.param.german ? "German" : "English") +
+                                    (info.index == 0 ? "Library" : "Module");
+                         });
+
+TEST(ResourcesStringsEnglish, LibraryAndEnglishModuleHoldTheExactTexts)
+{
+    DataModule library(restest::kHyUI.relative), english(restest::kLangEn.relative);
+    ASSERT_NE(library.get(), nullptr) << library.path();
+    ASSERT_NE(english.get(), nullptr) << english.path();
+    for (const StringEntry& entry : kStrings)
+    {
+        EXPECT_EQ(TableString(library.get(), entry.id), entry.english) << "HyUI.dll string " << entry.id;
+        EXPECT_EQ(TableString(english.get(), entry.id), entry.english) << "lang/en string " << entry.id;
+    }
+}
+
+TEST(ResourcesStringsEnglish, TheLibraryLoadsItsOwnCopyThroughTheMultibyteCall)
+{
+    // What CString::LoadString does in the library's multibyte build.
+    HMODULE library = ::GetModuleHandleA("HyUI.dll");
+    ASSERT_NE(library, nullptr);
+    char buf[128] = "";
+    ASSERT_GT(::LoadStringA(library, IDS_PASSWORD_INCORRECT, buf, sizeof buf), 0);
+    EXPECT_STREQ(buf, "The password is incorrect.");
+    ASSERT_GT(::LoadStringA(library, IDS_CARDS_EMPTY, buf, sizeof buf), 0);
+    EXPECT_STREQ(buf, "\n\nThere are no items to show in this view");
+}
+
+TEST(ResourcesStringsGerman, TranslatedWhereTheWordDiffers)
+{
+    DataModule german(restest::kLangDe.relative);
+    ASSERT_NE(german.get(), nullptr) << german.path();
+    for (const StringEntry& entry : kStrings)
+    {
+        std::wstring text = TableString(german.get(), entry.id);
+        if (entry.sameInGerman)
+            EXPECT_EQ(text, entry.english) << "string " << entry.id;
+        else
+            EXPECT_NE(text, entry.english) << "string " << entry.id << " is not translated";
+    }
+}
+
+TEST(ResourcesStringsGerman, DayInitialsFollowTheTableOrder)
+{
+    DataModule german(restest::kLangDe.relative);
+    ASSERT_NE(german.get(), nullptr) << german.path();
+    // Montag, Dienstag, Mittwoch, Donnerstag, Freitag, then Sonntag before Samstag.
+    const wchar_t* expected[] = { L"M", L"D", L"M", L"D", L"F", L"S", L"S" };
+    for (UINT i = 0; i < 7; ++i)
+        EXPECT_EQ(TableString(german.get(), IDS_DAY_MONDAY + i), expected[i]) << IDS_DAY_MONDAY + i;
+}
+
+TEST(ResourcesStringsGerman, UmlautsSurviveTheResourceCompiler)
+{
+    DataModule german(restest::kLangDe.relative);
+    ASSERT_NE(german.get(), nullptr) << german.path();
+    std::wstring invalid = TableString(german.get(), IDS_URL_INVALID);
+    EXPECT_NE(invalid.find(L"ung\u00fcltig"), std::wstring::npos) << "URL text";
+    for (const StringEntry& entry : kStrings)
+    {
+        std::wstring text = TableString(german.get(), entry.id);
+        // UTF-8 read as a single-byte code page shows up as "Ã" followed by a sign.
+        EXPECT_EQ(text.find(L'\u00c3'), std::wstring::npos) << "string " << entry.id << " is garbled";
+    }
+}
+
+// ---- Bitmaps -----------------------------------------------------------------
+
+struct BitmapEntry
+{
+    UINT id;
+    const char* what;
+    int width, height, bitsPerPixel;
+    int minimumDrawnPixels;    // pixels that are not the see-through colour
+};
+
+const BitmapEntry kBitmaps[] = {
+    { IDB_NOTE, "note", 16, 16, 4, 100 },
+    { IDB_PADLOCK, "padlock", 12, 15, 4, 80 },
+    { IDB_CHECK_MARK, "check mark", 8, 8, 8, 15 },
+    { IDB_BUTTON_PLACEHOLDER, "button placeholder", 36, 32, 24, 900 },
+};
+
+const COLORREF kSeeThrough = RGB(255, 0, 255);
+
+class Pictures : public ::testing::TestWithParam<ModuleSpec>
+{
+};
+
+TEST_P(Pictures, BitmapsLoadWithTheirSizeAndDepth)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    hytest::ObjectGuard guard;
+    HDC screen = ::GetDC(nullptr);
+    HDC dc = ::CreateCompatibleDC(screen);
+    ::ReleaseDC(nullptr, screen);
+    for (const BitmapEntry& entry : kBitmaps)
+    {
+        SCOPED_TRACE(entry.what);
+        HBITMAP bitmap = ::LoadBitmapW(module.get(), MAKEINTRESOURCEW(entry.id));
+        ASSERT_NE(bitmap, nullptr);
+        BITMAP info{};
+        ::GetObjectW(bitmap, sizeof info, &info);
+        EXPECT_EQ(info.bmWidth, entry.width);
+        EXPECT_EQ(info.bmHeight, entry.height);
+
+        std::vector<BYTE> raw = restest::RawResource(module.get(), (LPCWSTR)RT_BITMAP, entry.id);
+        ASSERT_GE(raw.size(), sizeof(BITMAPINFOHEADER));
+        const BITMAPINFOHEADER* header = reinterpret_cast<const BITMAPINFOHEADER*>(raw.data());
+        EXPECT_EQ(header->biBitCount, entry.bitsPerPixel);
+
+        // Drawn transparently by the host: the top-left pixel gives the
+        // see-through colour, and the picture itself is more than that.
+        HGDIOBJ old = ::SelectObject(dc, bitmap);
+        EXPECT_EQ(::GetPixel(dc, 0, 0), kSeeThrough);
+        int drawn = 0;
+        for (int y = 0; y < info.bmHeight; ++y)
+            for (int x = 0; x < info.bmWidth; ++x)
+                drawn += ::GetPixel(dc, x, y) != kSeeThrough;
+        EXPECT_GE(drawn, entry.minimumDrawnPixels);
+        ::SelectObject(dc, old);
+        ::DeleteObject(bitmap);
+    }
+    ::DeleteDC(dc);
+}
+
+// The extent of a cursor's visible pixels (those the mask does not let through).
+SIZE VisibleExtent(HCURSOR cursor, POINT& hotspot)
+{
+    ICONINFO info{};
+    SIZE extent{ 0, 0 };
+    if (!::GetIconInfo(cursor, &info))
+        return extent;
+    hotspot = { (LONG)info.xHotspot, (LONG)info.yHotspot };
+    BITMAP mask{};
+    ::GetObjectW(info.hbmMask, sizeof mask, &mask);
+    HDC dc = ::CreateCompatibleDC(nullptr);
+    HGDIOBJ old = ::SelectObject(dc, info.hbmMask);
+    int height = info.hbmColor ? mask.bmHeight : mask.bmHeight / 2;   // monochrome: AND over XOR
+    int left = mask.bmWidth, right = -1, top = height, bottom = -1;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < mask.bmWidth; ++x)
+            if (::GetPixel(dc, x, y) == RGB(0, 0, 0))
+            {
+                left = std::min(left, x);
+                right = std::max(right, x);
+                top = std::min(top, y);
+                bottom = std::max(bottom, y);
+            }
+    ::SelectObject(dc, old);
+    ::DeleteDC(dc);
+    ::DeleteObject(info.hbmMask);
+    if (info.hbmColor)
+        ::DeleteObject(info.hbmColor);
+    if (right >= 0)
+        extent = { right - left + 1, bottom - top + 1 };
+    return extent;
+}
+
+TEST_P(Pictures, ResizeCursorsPointTheWayTheyResize)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    hytest::ObjectGuard guard;
+    HCURSOR width = (HCURSOR)::LoadImageW(module.get(), MAKEINTRESOURCEW(IDC_CURSOR_RESIZE_WIDTH),
+                                          IMAGE_CURSOR, 32, 32, 0);
+    HCURSOR height = (HCURSOR)::LoadImageW(module.get(), MAKEINTRESOURCEW(IDC_CURSOR_RESIZE_HEIGHT),
+                                           IMAGE_CURSOR, 32, 32, 0);
+    ASSERT_NE(width, nullptr);
+    ASSERT_NE(height, nullptr);
+    POINT widthHot{}, heightHot{};
+    SIZE widthExtent = VisibleExtent(width, widthHot);
+    SIZE heightExtent = VisibleExtent(height, heightHot);
+    // The hot spot sits where the arrows meet, in the middle of the cursor.
+    EXPECT_EQ(widthHot.x, 16);
+    EXPECT_EQ(widthHot.y, 16);
+    EXPECT_EQ(heightHot.x, 16);
+    EXPECT_EQ(heightHot.y, 16);
+    // Left-right arrows are wider than tall; up-down arrows the other way.
+    EXPECT_GT(widthExtent.cx, widthExtent.cy + 8);
+    EXPECT_GT(heightExtent.cy, heightExtent.cx + 8);
+    ::DestroyCursor(width);
+    ::DestroyCursor(height);
+}
+
+INSTANTIATE_TEST_SUITE_P(Resources, Pictures,
+                         ::testing::Values(restest::kHyUI, restest::kLangEn, restest::kLangDe),
+                         [](const ::testing::TestParamInfo<ModuleSpec>& info) {
+                             return std::string(info.param.german ? "German" : "English") +
+                                    (info.index == 0 ? "Library" : "Module");
+                         });
+
+TEST(ResourcesPicturesShared, EveryModuleCarriesTheSamePictures)
+{
+    DataModule library(restest::kHyUI.relative), english(restest::kLangEn.relative),
+        german(restest::kLangDe.relative);
+    ASSERT_TRUE(library.get() && english.get() && german.get());
+    for (const BitmapEntry& entry : kBitmaps)
+    {
+        std::vector<BYTE> mine = restest::RawResource(library.get(), (LPCWSTR)RT_BITMAP, entry.id);
+        EXPECT_FALSE(mine.empty()) << entry.what;
+        EXPECT_EQ(restest::RawResource(english.get(), (LPCWSTR)RT_BITMAP, entry.id), mine) << entry.what;
+        EXPECT_EQ(restest::RawResource(german.get(), (LPCWSTR)RT_BITMAP, entry.id), mine) << entry.what;
+    }
+}
+
+}  // namespace

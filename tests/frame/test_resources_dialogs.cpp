@@ -1,0 +1,404 @@
+// HyUI's dialog templates in the built modules: titles, sizes, font and
+// controls in English and German, and German texts that fit their controls
+// when the dialogs are really created.
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <string>
+#include <vector>
+#include "HyUIRes.h"
+#include "hytest.h"
+#include "test_resources_support.h"
+
+using restest::DataModule;
+using restest::DialogItem;
+using restest::DialogTemplate;
+using restest::ModuleSpec;
+
+namespace {
+
+const WORD kButton = 0x80, kEdit = 0x81, kStatic = 0x82, kListBox = 0x83;
+
+struct ItemSpec
+{
+    int id;
+    WORD classAtom;
+    int x, y, cx, cy;
+    const wchar_t* text;
+};
+
+struct DialogSpec
+{
+    UINT id;
+    const wchar_t* title;
+    int cx, cy;
+    std::vector<ItemSpec> items;    // in tab order
+};
+
+const std::vector<DialogSpec>& EnglishDialogs()
+{
+    static const std::vector<DialogSpec> dialogs = {
+        { IDD_PASSWORD_MASKING, L"Password", 186, 98, {
+            { IDC_STATIC, kStatic, 14, 9, 156, 24, L"One or more selected records are private records. "
+                                                   L"You must enter your password to continue this operation." },
+            { IDC_STATIC, kStatic, 25, 41, 48, 8, L"User name:" },
+            { IDC_PASSWORD_USER_NAME, kStatic, 77, 41, 75, 8, L"" },
+            { IDC_STATIC, kStatic, 25, 57, 48, 8, L"Password:" },
+            { IDC_PASSWORD_EDIT, kEdit, 77, 55, 83, 14, L"" },
+            { IDOK, kButton, 35, 79, 50, 14, L"OK" },
+            { IDCANCEL, kButton, 101, 79, 50, 14, L"Cancel" } } },
+        { IDD_PASSWORD, L"Show Private Records", 133, 66, {
+            { IDC_STATIC, kStatic, 7, 7, 42, 8, L"User name:" },
+            { IDC_PASSWORD_USER_NAME, kStatic, 51, 7, 75, 8, L"" },
+            { IDC_STATIC, kStatic, 7, 26, 42, 8, L"&Password:" },
+            { IDC_PASSWORD_EDIT, kEdit, 51, 24, 75, 12, L"" },
+            { IDOK, kButton, 7, 46, 35, 14, L"OK" },
+            { IDCANCEL, kButton, 47, 46, 35, 14, L"Cancel" },
+            { IDC_HELP_BUTTON, kButton, 91, 46, 35, 14, L"&Help" } } },
+        { IDD_COLOR_CATEGORIES, L"Edit Event Categories", 154, 150, {
+            { IDC_COLOR_CAT_LIST, kListBox, 8, 8, 84, 88, L"" },
+            { IDOK, kButton, 100, 8, 45, 14, L"OK" },
+            { IDC_COLOR_CAT_NEW, kButton, 100, 28, 45, 14, L"&New..." },
+            { IDC_COLOR_CAT_DELETE, kButton, 100, 44, 45, 14, L"&Delete..." },
+            { IDC_COLOR_CAT_RENAME, kButton, 100, 60, 45, 14, L"R&ename..." },
+            { IDC_HELP_BUTTON, kButton, 100, 82, 45, 14, L"&Help" },
+            { IDC_COLOR_CAT_SELECT_LABEL, kStatic, 10, 102, 47, 8, L"Select color:" } } },
+        { IDD_DAY_PICKER, L"Select Date", 143, 116, {
+            { IDC_DAY_PICKER_PLACEHOLDER, kStatic, 10, 6, 125, 86, L"" },
+            { IDOK, kButton, 6, 95, 40, 14, L"OK" },
+            { IDCANCEL, kButton, 52, 95, 40, 14, L"Cancel" },
+            { IDC_DAY_PICKER_TODAY, kButton, 96, 95, 40, 14, L"&Today" } } },
+        { IDD_EDIT_CONTROLS, L"", 258, 220, {
+            { IDOK, kButton, 106, 189, 50, 14, L"OK" } } },
+    };
+    return dialogs;
+}
+
+std::string Narrow(const std::wstring& text)
+{
+    char buf[512] = "";
+    ::WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, buf, sizeof buf, nullptr, nullptr);
+    return buf;
+}
+
+class DialogTemplates : public ::testing::TestWithParam<ModuleSpec>
+{
+};
+
+TEST_P(DialogTemplates, TemplatesHaveTheirSizeFontAndControls)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    for (const DialogSpec& spec : EnglishDialogs())
+    {
+        SCOPED_TRACE("dialog " + std::to_string(spec.id));
+        DialogTemplate dlg;
+        ASSERT_TRUE(restest::LoadDialogTemplate(module.get(), spec.id, dlg));
+        if (GetParam().german)
+            EXPECT_GE(dlg.cx, spec.cx);   // widened for longer words
+        else
+            EXPECT_EQ(dlg.cx, spec.cx);
+        EXPECT_EQ(dlg.cy, spec.cy);
+        EXPECT_EQ(dlg.face, L"MS Sans Serif");
+        EXPECT_EQ(dlg.pointSize, 8);
+        EXPECT_TRUE(dlg.style & WS_POPUP);
+        EXPECT_FALSE(dlg.style & WS_VISIBLE);
+        ASSERT_EQ(dlg.items.size(), spec.items.size());
+        for (size_t i = 0; i < spec.items.size(); ++i)
+        {
+            const ItemSpec& want = spec.items[i];
+            const DialogItem& have = dlg.items[i];
+            SCOPED_TRACE("control " + std::to_string(i) + " id " + std::to_string(want.id));
+            EXPECT_TRUE(restest::SameId(have.id, want.id)) << have.id;
+            EXPECT_EQ(have.classAtom, want.classAtom) << Narrow(have.className);
+            EXPECT_EQ(have.x, want.x);
+            EXPECT_EQ(have.y, want.y);
+            if (GetParam().german)
+            {
+                // A translation may widen a control, never narrow it.
+                EXPECT_GE(have.cx, want.cx);
+                EXPECT_EQ(have.cy, want.cy);
+            }
+            else
+            {
+                EXPECT_EQ(have.cx, want.cx);
+                EXPECT_EQ(have.cy, want.cy);
+            }
+            EXPECT_TRUE(have.style & WS_CHILD);
+        }
+    }
+}
+
+TEST_P(DialogTemplates, ControlStylesServeTheirDialogs)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    DialogTemplate password, masking, categories, picker, edit;
+    ASSERT_TRUE(restest::LoadDialogTemplate(module.get(), IDD_PASSWORD, password));
+    ASSERT_TRUE(restest::LoadDialogTemplate(module.get(), IDD_PASSWORD_MASKING, masking));
+    ASSERT_TRUE(restest::LoadDialogTemplate(module.get(), IDD_COLOR_CATEGORIES, categories));
+    ASSERT_TRUE(restest::LoadDialogTemplate(module.get(), IDD_DAY_PICKER, picker));
+    ASSERT_TRUE(restest::LoadDialogTemplate(module.get(), IDD_EDIT_CONTROLS, edit));
+
+    // Typed passwords never show.
+    for (const DialogTemplate* dlg : { &password, &masking })
+    {
+        const DialogItem* field = dlg->Find(IDC_PASSWORD_EDIT);
+        ASSERT_NE(field, nullptr);
+        EXPECT_TRUE(field->style & ES_PASSWORD);
+        EXPECT_TRUE(field->style & WS_TABSTOP);
+        const DialogItem* ok = dlg->Find(IDOK);
+        ASSERT_NE(ok, nullptr);
+        EXPECT_EQ(ok->style & 0x0F, (DWORD)BS_DEFPUSHBUTTON);
+    }
+    // The swatch list draws its own items, sorted, with a scroll bar, and
+    // tells the dialog of selections and double clicks.
+    const DialogItem* list = categories.Find(IDC_COLOR_CAT_LIST);
+    ASSERT_NE(list, nullptr);
+    const DWORD listStyle = WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_OWNERDRAWFIXED | LBS_SORT | LBS_NOTIFY;
+    EXPECT_EQ(list->style & listStyle, listStyle);
+    // The calendar's placeholder is a hidden grey rectangle.
+    const DialogItem* placeholder = picker.Find(IDC_DAY_PICKER_PLACEHOLDER);
+    ASSERT_NE(placeholder, nullptr);
+    EXPECT_EQ(placeholder->style & SS_TYPEMASK, (DWORD)SS_GRAYRECT);
+    EXPECT_FALSE(placeholder->style & WS_VISIBLE);
+    const DialogItem* today = picker.Find(IDC_DAY_PICKER_TODAY);
+    ASSERT_NE(today, nullptr);
+    EXPECT_TRUE(today->style & WS_VISIBLE);
+    // The untitled dialog really has no title.
+    EXPECT_TRUE(edit.title.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Resources, DialogTemplates,
+                         ::testing::Values(restest::kHyUI, restest::kLangEn, restest::kLangDe),
+                         [](const ::testing::TestParamInfo<ModuleSpec>& info) {
+                             return std::string(info.param.german ? "German" : "English") +
+                                    (info.index == 0 ? "Library" : "Module");
+                         });
+
+TEST(ResourcesDialogsEnglish, TitlesAndTextsAreExact)
+{
+    DataModule library(restest::kHyUI.relative), english(restest::kLangEn.relative);
+    ASSERT_TRUE(library.get() && english.get());
+    for (const DataModule* module : { &library, &english })
+        for (const DialogSpec& spec : EnglishDialogs())
+        {
+            SCOPED_TRACE(module->path() + " dialog " + std::to_string(spec.id));
+            DialogTemplate dlg;
+            ASSERT_TRUE(restest::LoadDialogTemplate(module->get(), spec.id, dlg));
+            EXPECT_EQ(dlg.title, spec.title);
+            ASSERT_EQ(dlg.items.size(), spec.items.size());
+            for (size_t i = 0; i < spec.items.size(); ++i)
+                EXPECT_EQ(dlg.items[i].text, spec.items[i].text) << "control " << i;
+        }
+}
+
+TEST(ResourcesDialogsGerman, EveryTextIsTranslated)
+{
+    DataModule german(restest::kLangDe.relative);
+    ASSERT_NE(german.get(), nullptr) << german.path();
+    for (const DialogSpec& spec : EnglishDialogs())
+    {
+        SCOPED_TRACE("dialog " + std::to_string(spec.id));
+        DialogTemplate dlg;
+        ASSERT_TRUE(restest::LoadDialogTemplate(german.get(), spec.id, dlg));
+        if (*spec.title)
+        {
+            EXPECT_FALSE(dlg.title.empty());
+            EXPECT_NE(dlg.title, spec.title);
+        }
+        ASSERT_EQ(dlg.items.size(), spec.items.size());
+        for (size_t i = 0; i < spec.items.size(); ++i)
+        {
+            const std::wstring english = spec.items[i].text;
+            const std::wstring& text = dlg.items[i].text;
+            if (english.empty() || english == L"OK")
+                EXPECT_EQ(text, english) << "control " << i;
+            else
+                EXPECT_NE(text, english) << "control " << i << " is not translated";
+            // A mnemonic in English keeps one in German.
+            EXPECT_EQ(english.find(L'&') != std::wstring::npos, text.find(L'&') != std::wstring::npos)
+                << "control " << i << ": " << Narrow(text);
+        }
+    }
+}
+
+TEST(ResourcesDialogsGerman, MnemonicsAreUniqueWithinADialog)
+{
+    DataModule german(restest::kLangDe.relative);
+    ASSERT_NE(german.get(), nullptr) << german.path();
+    for (const DialogSpec& spec : EnglishDialogs())
+    {
+        DialogTemplate dlg;
+        ASSERT_TRUE(restest::LoadDialogTemplate(german.get(), spec.id, dlg));
+        std::wstring keys;
+        for (const DialogItem& item : dlg.items)
+        {
+            size_t amp = item.text.find(L'&');
+            if (amp == std::wstring::npos || amp + 1 >= item.text.size())
+                continue;
+            wchar_t key = (wchar_t)(UINT_PTR)::CharUpperW((LPWSTR)(UINT_PTR)item.text[amp + 1]);
+            EXPECT_EQ(keys.find(key), std::wstring::npos) << "dialog " << spec.id << ": " << Narrow(item.text);
+            keys += key;
+        }
+    }
+}
+
+// ---- Texts that fit, measured in real dialogs ----------------------------------
+
+INT_PTR CALLBACK SilentDialogProc(HWND, UINT, WPARAM, LPARAM)
+{
+    return FALSE;
+}
+
+HWND CreateFromTemplate(HMODULE module, UINT id)
+{
+    std::vector<BYTE> bytes = restest::RawResource(module, (LPCWSTR)RT_DIALOG, id);
+    if (bytes.empty())
+        return nullptr;
+    return ::CreateDialogIndirectParamW(::GetModuleHandleW(nullptr),
+                                        reinterpret_cast<LPCDLGTEMPLATEW>(bytes.data()), nullptr,
+                                        SilentDialogProc, 0);
+}
+
+// The size of a text drawn with the control's own font; word-wrapped to
+// the given width when wrap is set.
+SIZE MeasuredText(HWND control, const std::wstring& text, int width, bool wrap)
+{
+    HDC dc = ::GetDC(control);
+    HGDIOBJ old = ::SelectObject(dc, (HFONT)::SendMessageW(control, WM_GETFONT, 0, 0));
+    RECT rc = { 0, 0, width, 0 };
+    ::DrawTextW(dc, text.c_str(), -1, &rc, DT_CALCRECT | (wrap ? DT_WORDBREAK : DT_SINGLELINE));
+    ::SelectObject(dc, old);
+    ::ReleaseDC(control, dc);
+    return { rc.right - rc.left, rc.bottom - rc.top };
+}
+
+// The labels and buttons of a created dialog that do not show their whole
+// text, and a title that does not fit its caption bar, each named with the
+// missing pixels.
+std::vector<std::string> TextsThatDoNotFit(HWND dialog, const std::string& where)
+{
+    std::vector<std::string> problems;
+    for (HWND child = ::GetWindow(dialog, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT))
+    {
+        wchar_t cls[32] = L"", text[256] = L"";
+        ::GetClassNameW(child, cls, 32);
+        ::GetWindowTextW(child, text, 256);
+        if (!*text)
+            continue;
+        RECT client;
+        ::GetClientRect(child, &client);
+        LONG style = ::GetWindowLongW(child, GWL_STYLE);
+        std::string name = where + " control " + std::to_string(::GetDlgCtrlID(child)) + " \"" + Narrow(text) + "\"";
+        if (!lstrcmpiW(cls, L"Static") && (style & SS_TYPEMASK) <= SS_RIGHT)
+        {
+            // Labels wrap; the wrapped text must stay inside the control.
+            SIZE size = MeasuredText(child, text, client.right, true);
+            if (size.cx > client.right || size.cy > client.bottom)
+                problems.push_back(name + " needs " + std::to_string(size.cx) + " x " + std::to_string(size.cy) +
+                                   " px, has " + std::to_string(client.right) + " x " + std::to_string(client.bottom));
+        }
+        else if (!lstrcmpiW(cls, L"Button"))
+        {
+            // A push button keeps its edge and a little air on both sides.
+            const int margin = 2 * (::GetSystemMetrics(SM_CXEDGE) + 1);
+            SIZE size = MeasuredText(child, text, 0, false);
+            if (size.cx + margin > client.right)
+                problems.push_back(name + " needs " + std::to_string(size.cx + margin - client.right) +
+                                   " px more width");
+        }
+    }
+    // The title, in the caption font, beside the system buttons.
+    wchar_t title[256] = L"";
+    ::GetWindowTextW(dialog, title, 256);
+    if (*title)
+    {
+        NONCLIENTMETRICSW metrics{};
+        metrics.cbSize = sizeof metrics;
+        ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+        HFONT font = ::CreateFontIndirectW(&metrics.lfCaptionFont);
+        HDC dc = ::GetDC(dialog);
+        HGDIOBJ old = ::SelectObject(dc, font);
+        SIZE size{};
+        ::GetTextExtentPoint32W(dc, title, lstrlenW(title), &size);
+        ::SelectObject(dc, old);
+        ::ReleaseDC(dialog, dc);
+        ::DeleteObject(font);
+        RECT window;
+        ::GetWindowRect(dialog, &window);
+        int room = window.right - window.left - 2 * ::GetSystemMetrics(SM_CXDLGFRAME) -
+                   2 * ::GetSystemMetrics(SM_CXSIZE) - 8;
+        if (size.cx > room)
+            problems.push_back(where + " title \"" + Narrow(title) + "\" needs " + std::to_string(size.cx - room) +
+                               " px more width");
+    }
+    return problems;
+}
+
+class DialogTextsFit : public ::testing::TestWithParam<ModuleSpec>
+{
+};
+
+TEST_P(DialogTextsFit, LabelsButtonsAndTitlesShowTheirWholeText)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    auto createAll = [&] {
+        std::vector<std::string> problems;
+        for (const DialogSpec& spec : EnglishDialogs())
+        {
+            HWND dialog = CreateFromTemplate(module.get(), spec.id);
+            if (!dialog)
+            {
+                problems.push_back("dialog " + std::to_string(spec.id) + " was not created");
+                continue;
+            }
+            for (const std::string& problem :
+                 TextsThatDoNotFit(dialog, std::string(GetParam().name) + " dialog " + std::to_string(spec.id)))
+                problems.push_back(problem);
+            ::DestroyWindow(dialog);
+        }
+        hytest::PumpMessages();
+        return problems;
+    };
+    // Two rounds first: the system keeps the first dialog's font, the first
+    // control of each class and the DCs it hands out.
+    hytest::ObjectGuard guard([&] { createAll(); createAll(); });
+    for (const std::string& problem : createAll())
+        ADD_FAILURE() << problem;
+    createAll();
+    guard.Check("creating and measuring every dialog");
+}
+
+TEST_P(DialogTextsFit, DialogFontIsTheTemplateFont)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    HWND dialog = CreateFromTemplate(module.get(), IDD_DAY_PICKER);
+    ASSERT_NE(dialog, nullptr);
+    // The system may substitute the face; the height must be that of 8 points.
+    HFONT font = (HFONT)::SendMessageW(dialog, WM_GETFONT, 0, 0);
+    LOGFONTW lf{};
+    ASSERT_TRUE(::GetObjectW(font, sizeof lf, &lf));
+    HDC screen = ::GetDC(nullptr);
+    int expected = -::MulDiv(8, ::GetDeviceCaps(screen, LOGPIXELSY), 72);
+    ::ReleaseDC(nullptr, screen);
+    EXPECT_EQ(lf.lfHeight, expected);
+    // Dialog units follow from that font: the template's 143 x 116 gives a
+    // client area of a plausible pixel size for it at 96 DPI.
+    RECT client;
+    ::GetClientRect(dialog, &client);
+    RECT units = { 0, 0, 143, 116 };
+    ::MapDialogRect(dialog, &units);
+    EXPECT_EQ(client.right, units.right);
+    EXPECT_EQ(client.bottom, units.bottom);
+    ::DestroyWindow(dialog);
+}
+
+INSTANTIATE_TEST_SUITE_P(Resources, DialogTextsFit,
+                         ::testing::Values(restest::kLangEn, restest::kLangDe),
+                         [](const ::testing::TestParamInfo<ModuleSpec>& info) {
+                             return std::string(info.param.german ? "German" : "English");
+                         });
+
+}  // namespace

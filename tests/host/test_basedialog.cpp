@@ -1,0 +1,235 @@
+// CBaseDialog: templates and strings from HyHost.dll first, then the resource
+// chain; dialogs run through the real modal loop.
+#include <afxwin.h>
+#include <gtest/gtest.h>
+#include "hytest.h"
+#include "HyBaseDialog.h"
+
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr UINT kHostTemplate = 109;     // in HyHost.dll
+constexpr UINT kChainOnly = 4242;       // only in the chain module below
+constexpr UINT kNowhere = 4343;
+constexpr int kNameEdit = 142;
+
+std::string Caption(HWND h)
+{
+    char buf[128] = {};
+    ::GetWindowTextA(h, buf, sizeof buf);
+    return buf;
+}
+
+// A dialog template with a caption and no controls, as the resource compiler
+// lays it out.
+std::vector<BYTE> MakeTemplate(const wchar_t* caption)
+{
+    std::vector<BYTE> t(sizeof(DLGTEMPLATE));
+    auto* d = reinterpret_cast<DLGTEMPLATE*>(t.data());
+    d->style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;
+    d->cx = 120;
+    d->cy = 60;
+    auto put = [&](const wchar_t* s) {
+        const BYTE* p = reinterpret_cast<const BYTE*>(s);
+        t.insert(t.end(), p, p + (wcslen(s) + 1) * sizeof(wchar_t));
+    };
+    t.insert(t.end(), 4, 0);   // no menu, default class
+    put(caption);
+    return t;
+}
+
+// A module in the resource chain (the application's resource module for the
+// test's duration) that holds its own copy of template 109 and template
+// 4242: a copy of HyAfx.dll with the two added, loaded as data.
+class ChainModule
+{
+public:
+    ChainModule()
+    {
+        char dir[MAX_PATH], path[MAX_PATH];
+        ::GetModuleFileNameA(::GetModuleHandleA("HyAfx.dll"), path, MAX_PATH);
+        ::GetTempPathA(MAX_PATH, dir);
+        wsprintfA(m_path, "%shyhost_chain_%lu.dll", dir, ::GetCurrentProcessId());
+        EXPECT_TRUE(::CopyFileA(path, m_path, FALSE));
+        HANDLE h = ::BeginUpdateResourceA(m_path, FALSE);
+        EXPECT_NE(nullptr, h);
+        std::vector<BYTE> a = MakeTemplate(L"Chain copy"), b = MakeTemplate(L"Chain only");
+        WORD lang = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+        EXPECT_TRUE(::UpdateResourceA(h, RT_DIALOG, MAKEINTRESOURCE(kHostTemplate), lang, a.data(), (DWORD)a.size()));
+        EXPECT_TRUE(::UpdateResourceA(h, RT_DIALOG, MAKEINTRESOURCE(kChainOnly), lang, b.data(), (DWORD)b.size()));
+        EXPECT_TRUE(::EndUpdateResourceA(h, FALSE));
+        m_module = ::LoadLibraryExA(m_path, nullptr, LOAD_LIBRARY_AS_DATAFILE);
+        EXPECT_NE(nullptr, m_module);
+        m_saved = AfxGetResourceHandle();
+        AfxSetResourceHandle(m_module);
+    }
+    ~ChainModule()
+    {
+        AfxSetResourceHandle(m_saved);
+        ::FreeLibrary(m_module);
+        ::DeleteFileA(m_path);
+    }
+
+private:
+    char m_path[MAX_PATH];
+    HMODULE m_module = nullptr;
+    HINSTANCE m_saved = nullptr;
+};
+
+// The new-category dialog as a host would write it.
+class CNameDialog : public CBaseDialog
+{
+public:
+    CNameDialog() : CBaseDialog(kHostTemplate) {}
+    CString m_name;
+    int refusals = 0;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override { DDX_Text(pDX, kNameEdit, m_name); }
+    void OnOK() override
+    {
+        CString text;
+        GetDlgItemText(kNameEdit, text);
+        if (text.IsEmpty())
+        {
+            ++refusals;
+            HostMessageBox(183, 182, MB_ICONEXCLAMATION);
+            return;
+        }
+        CBaseDialog::OnOK();
+    }
+};
+
+struct Shown
+{
+    std::string caption;
+    bool hasNameEdit = false;
+};
+
+Shown RunAndCancel(CDialog& dlg, INT_PTR* result)
+{
+    Shown shown;
+    hytest::DialogDriver driver([&](HWND h) {
+        shown.caption = Caption(h);
+        shown.hasNameEdit = ::GetDlgItem(h, kNameEdit) != nullptr;
+        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+    });
+    *result = dlg.DoModal();
+    return shown;
+}
+
+void WarmUpDialogs()
+{
+    for (int round = 0; round < 2; ++round)
+    {
+        CBaseDialog dlg(kHostTemplate);
+        INT_PTR r;
+        RunAndCancel(dlg, &r);
+    }
+}
+
+class BaseDialogTest : public ::testing::Test
+{
+protected:
+    hytest::ObjectGuard guard{ WarmUpDialogs };
+    hytest::MessageBoxRecorder boxes;
+    void TearDown() override { AfxDeleteTempMaps(); }
+};
+
+}  // namespace
+
+TEST_F(BaseDialogTest, TemplateComesFromTheHostBeforeTheChain)
+{
+    ChainModule chain;
+    INT_PTR result = 0;
+
+    CDialog plain(kHostTemplate);
+    Shown fromChain = RunAndCancel(plain, &result);
+    EXPECT_EQ(IDCANCEL, result);
+    EXPECT_EQ("Chain copy", fromChain.caption);   // the chain does hold 109
+
+    CBaseDialog host(kHostTemplate);
+    Shown fromHost = RunAndCancel(host, &result);
+    EXPECT_EQ(IDCANCEL, result);
+    EXPECT_EQ("New Category", fromHost.caption);
+    EXPECT_TRUE(fromHost.hasNameEdit);
+    EXPECT_EQ(nullptr, host.m_hWnd);
+}
+
+TEST_F(BaseDialogTest, TemplateTheHostLacksComesFromTheChain)
+{
+    ChainModule chain;
+    INT_PTR result = 0;
+    CBaseDialog dlg(kChainOnly);
+    EXPECT_EQ("Chain only", RunAndCancel(dlg, &result).caption);
+    EXPECT_EQ(IDCANCEL, result);
+}
+
+TEST_F(BaseDialogTest, MissingTemplateAnswersMinusOne)
+{
+    CBaseDialog dlg(kNowhere);
+    hytest::DialogDriver driver([](HWND h) { ::PostMessage(h, WM_COMMAND, IDCANCEL, 0); });
+    EXPECT_EQ(-1, dlg.DoModal());
+    EXPECT_EQ(0, driver.Count());
+}
+
+TEST_F(BaseDialogTest, HostDialogExchangesDataAndRefusesWithHostTexts)
+{
+    CNameDialog dlg;
+    dlg.m_name = "Work";
+    std::string preset;
+    bool openAfterRefusal = false;
+    hytest::DialogDriver driver([&](HWND h) {
+        char buf[64] = {};
+        ::GetDlgItemTextA(h, kNameEdit, buf, sizeof buf);
+        preset = buf;
+        ::SetDlgItemTextA(h, kNameEdit, "");
+        ::SendMessage(h, WM_COMMAND, IDOK, 0);       // refused with a host message
+        openAfterRefusal = ::IsWindowVisible(h) != FALSE;
+        ::SetDlgItemTextA(h, kNameEdit, "Team");
+        ::PostMessage(h, WM_COMMAND, IDOK, 0);
+    });
+    EXPECT_EQ(IDOK, dlg.DoModal());
+    EXPECT_EQ("Work", preset);
+    EXPECT_TRUE(openAfterRefusal);
+    EXPECT_EQ(1, dlg.refusals);
+    EXPECT_STREQ("Team", dlg.m_name);
+    ASSERT_EQ(1, boxes.Count());
+    EXPECT_EQ(std::string(CBaseDialog::LoadHostString(183)), boxes.Calls()[0].text);
+    EXPECT_EQ(std::string(CBaseDialog::LoadHostString(182)), boxes.Calls()[0].caption);
+    EXPECT_FALSE(boxes.Calls()[0].text.empty());
+    EXPECT_EQ((UINT)MB_ICONEXCLAMATION, boxes.Calls()[0].type & MB_ICONMASK);
+}
+
+TEST_F(BaseDialogTest, HostStringsComeFromTheHostModule)
+{
+    CString s;
+    EXPECT_TRUE(CBaseDialog::LoadHostString(s, 283));
+    char direct[256] = {};
+    ::LoadStringA(CBaseDialog::GetHostResourceHandle(), 283, direct, sizeof direct);
+    EXPECT_STREQ(direct, s);
+    EXPECT_FALSE(s.IsEmpty());
+
+    s = "stale";
+    EXPECT_FALSE(CBaseDialog::LoadHostString(s, 4343));
+    EXPECT_TRUE(s.IsEmpty());
+}
+
+TEST_F(BaseDialogTest, ModelessCreateUsesTheHostTemplate)
+{
+    ChainModule chain;
+    hytest::HostFrame frame;
+    CBaseDialog dlg;
+    ASSERT_TRUE(dlg.Create(kHostTemplate, CWnd::FromHandle(frame)));
+    EXPECT_EQ("New Category", Caption(dlg.m_hWnd));
+    EXPECT_NE(nullptr, dlg.GetDlgItem(kNameEdit));
+    dlg.DestroyWindow();
+
+    CBaseDialog other;
+    ASSERT_TRUE(other.Create(kChainOnly, CWnd::FromHandle(frame)));
+    EXPECT_EQ("Chain only", Caption(other.m_hWnd));
+    other.DestroyWindow();
+    hytest::PumpMessages();
+}

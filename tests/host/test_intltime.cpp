@@ -1,0 +1,260 @@
+// CIntlTime against the real locale services: every expectation is read from
+// GetLocaleInfo/GetDateFormat/GetTimeFormat in the test, and changed user
+// settings show that the class follows them.
+#include <afxwin.h>
+#include <gtest/gtest.h>
+#include "HyIntlTime.h"
+
+#include <string>
+
+namespace {
+
+std::string Locale(LCTYPE type, LCID lcid = LOCALE_USER_DEFAULT)
+{
+    char buf[128] = {};
+    ::GetLocaleInfoA(lcid, type, buf, sizeof buf);
+    return buf;
+}
+
+SYSTEMTIME Day(int y, int m, int d, int h = 0, int mi = 0)
+{
+    SYSTEMTIME st = {};
+    st.wYear = (WORD)y;
+    st.wMonth = (WORD)m;
+    st.wDay = (WORD)d;
+    st.wHour = (WORD)h;
+    st.wMinute = (WORD)mi;
+    st.wDayOfWeek = 0;
+    // Day of week as the formatter expects it for long dates.
+    FILETIME ft;
+    ::SystemTimeToFileTime(&st, &ft);
+    ::FileTimeToSystemTime(&ft, &st);
+    return st;
+}
+
+std::string SysDate(const SYSTEMTIME& st, DWORD flags, const char* picture = nullptr)
+{
+    char buf[256] = {};
+    ::GetDateFormatA(LOCALE_USER_DEFAULT, flags, &st, picture, buf, sizeof buf);
+    return buf;
+}
+
+std::string SysTime(const SYSTEMTIME& st)
+{
+    char buf[128] = {};
+    ::GetTimeFormatA(LOCALE_USER_DEFAULT, TIME_NOSECONDS, &st, nullptr, buf, sizeof buf);
+    return buf;
+}
+
+// Changes user-locale values for one test and puts them back.
+class LocaleOverride
+{
+public:
+    void Set(LCTYPE type, const char* value)
+    {
+        m_saved.push_back({ type, Locale(type) });
+        ASSERT_TRUE(::SetLocaleInfoA(LOCALE_USER_DEFAULT, type, value));
+        ASSERT_EQ(value, Locale(type));
+    }
+    ~LocaleOverride()
+    {
+        for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it)
+            ::SetLocaleInfoA(LOCALE_USER_DEFAULT, it->first, it->second.c_str());
+    }
+
+private:
+    std::vector<std::pair<LCTYPE, std::string>> m_saved;
+};
+
+struct Parsed
+{
+    int ok, y = -7, m = -7, d = -7;
+};
+
+Parsed Parse(const char* picture, const char* text, char sep)
+{
+    Parsed p{};
+    p.ok = CIntlTime::ParseDateFromFormat(picture, text, sep, &p.y, &p.m, &p.d);
+    return p;
+}
+
+}  // namespace
+
+TEST(IntlTimeConstruction, DefaultIsNowAndPartsAreLocalTime)
+{
+    __time64_t before = CTime::GetCurrentTime().GetTime();
+    CIntlTime now;
+    __time64_t after = CTime::GetCurrentTime().GetTime();
+    EXPECT_GE(now.GetTime(), before);
+    EXPECT_LE(now.GetTime(), after);
+
+    CIntlTime parts(2024, 3, 5, 14, 7, 9);
+    EXPECT_EQ(CTime(2024, 3, 5, 14, 7, 9).GetTime(), parts.GetTime());
+    EXPECT_EQ(2024, parts.GetYear());
+    EXPECT_EQ(14, parts.GetHour());
+
+    CTime t(2001, 5, 1, 8, 30, 0);
+    CIntlTime copy(t);
+    time_t asTimeT = copy.GetTime();
+    EXPECT_EQ(t.GetTime(), asTimeT);
+    CIntlTime assigned;
+    assigned = t;
+    EXPECT_EQ(t.GetTime(), assigned.GetTime());
+}
+
+TEST(IntlTimeLocale, PicturesAreTheLocales)
+{
+    EXPECT_EQ(Locale(LOCALE_SSHORTDATE), std::string(CIntlTime::GetDateFormat(HYINTL_SHORTDATE, 1)));
+    EXPECT_EQ(Locale(LOCALE_SLONGDATE), std::string(CIntlTime::GetDateFormat(HYINTL_LONGDATE, 1)));
+    EXPECT_EQ(Locale(LOCALE_SSHORTDATE, LOCALE_SYSTEM_DEFAULT),
+              std::string(CIntlTime::GetDateFormat(HYINTL_SHORTDATE, 0)));
+}
+
+TEST(IntlTimeLocale, FormatsAsTheLocaleServicesDo)
+{
+    CIntlTime t(2024, 3, 5, 14, 7, 9);
+    SYSTEMTIME st = Day(2024, 3, 5, 14, 7);
+    EXPECT_EQ(SysDate(st, DATE_SHORTDATE), std::string(t.FormatDate(HYINTL_SHORTDATE)));
+    EXPECT_EQ(SysDate(st, DATE_LONGDATE), std::string(t.FormatDate(HYINTL_LONGDATE)));
+    EXPECT_EQ(SysTime(st), std::string(t.FormatTime()));
+    EXPECT_EQ(std::string::npos, std::string(t.FormatTime()).find(":09"));   // no seconds
+}
+
+TEST(IntlTimeLocale, ChangedShortDateIsFollowed)
+{
+    LocaleOverride locale;
+    locale.Set(LOCALE_SSHORTDATE, "dd.MM.yyyy");
+    EXPECT_STREQ("dd.MM.yyyy", CIntlTime::GetDateFormat(2, 1));
+    CString sep;
+    CIntlTime::GetDateSeperator(sep);
+    EXPECT_STREQ(".", sep);
+    CIntlTime t(2024, 3, 5, 12, 0, 0);
+    EXPECT_STREQ("05.03.2024", t.FormatDate(2));
+
+    locale.Set(LOCALE_SSHORTDATE, "yyyy-MM-dd");
+    EXPECT_STREQ("-", CIntlTime::GetDateSeperator());
+    EXPECT_STREQ("2024-03-05", t.FormatDate(2));
+    // A quoted letter is text, not a field.
+    locale.Set(LOCALE_SSHORTDATE, "'d'yy/M/d");
+    EXPECT_STREQ("/", CIntlTime::GetDateSeperator());
+}
+
+TEST(IntlTimeLocale, ChangedTimeFormatIsFollowed)
+{
+    LocaleOverride locale;
+    CIntlTime t(1990, 1, 1, 14, 7, 0);
+    locale.Set(LOCALE_STIMEFORMAT, "HH:mm");
+    EXPECT_TRUE(CIntlTime::Is24HrFormat());
+    EXPECT_STREQ(":", CIntlTime::GetTimeSeperator());
+    EXPECT_STREQ("14:07", t.FormatTime());
+
+    locale.Set(LOCALE_STIMEFORMAT, "h.mm tt");
+    EXPECT_FALSE(CIntlTime::Is24HrFormat());
+    EXPECT_STREQ(".", CIntlTime::GetTimeSeperator());
+    EXPECT_EQ("2.07 " + Locale(LOCALE_S2359), std::string(t.FormatTime()));
+}
+
+TEST(IntlTimeParse, RoundTripsThroughTheLocalesShortDate)
+{
+    for (const char* picture : { (const char*)nullptr, "dd.MM.yyyy", "M/d/yyyy", "yyyy-MM-dd", "d/M/yy" })
+    {
+        LocaleOverride locale;
+        if (picture != nullptr)
+            locale.Set(LOCALE_SSHORTDATE, picture);
+        CString pic = CIntlTime::GetDateFormat(2, 1);
+        CString sep = CIntlTime::GetDateSeperator();
+        const bool twoDigitYear = pic.Find("yyyy") < 0;
+        for (const SYSTEMTIME& st : { Day(2024, 2, 29), Day(1999, 12, 31), Day(2003, 1, 2) })
+        {
+            CIntlTime t(st.wYear, st.wMonth, st.wDay, 12, 0, 0);
+            CString text = t.FormatDate(2);
+            Parsed p = Parse(pic, text, sep[0]);
+            SCOPED_TRACE(std::string(pic) + " " + std::string(text));
+            ASSERT_TRUE(p.ok);
+            EXPECT_EQ(twoDigitYear ? st.wYear % 100 : st.wYear, p.y);
+            EXPECT_EQ(st.wMonth, p.m);
+            EXPECT_EQ(st.wDay, p.d);
+        }
+    }
+}
+
+TEST(IntlTimeParse, FieldsFollowThePicturesOrder)
+{
+    Parsed us = Parse("M/d/yyyy", "1/2/2005", '/');
+    EXPECT_TRUE(us.ok);
+    EXPECT_EQ(1, us.m);
+    EXPECT_EQ(2, us.d);
+    Parsed de = Parse("dd.MM.yyyy", "1.2.2005", '.');
+    EXPECT_EQ(2, de.m);
+    EXPECT_EQ(1, de.d);
+    Parsed iso = Parse("yyyy-MM-dd", "2005-12-09", '-');
+    EXPECT_TRUE(iso.ok);
+    EXPECT_EQ(2005, iso.y);
+    EXPECT_EQ(12, iso.m);
+    EXPECT_EQ(9, iso.d);
+}
+
+TEST(IntlTimeParse, TwoDigitYearIsReportedAsTyped)
+{
+    Parsed p = Parse("M/d/yyyy", "1/2/03", '/');
+    EXPECT_TRUE(p.ok);
+    EXPECT_EQ(3, p.y);
+    EXPECT_EQ(4, Parse("M/d/yyyy", "1/2/04", '/').y);
+    EXPECT_EQ(99, Parse("M/d/yyyy", "1/2/99", '/').y);
+    // Its century is unknown here, so 29 February passes.
+    EXPECT_TRUE(Parse("M/d/yyyy", "2/29/01", '/').ok);
+}
+
+TEST(IntlTimeParse, DayAndMonthAloneMeanThisYear)
+{
+    Parsed p = Parse("dd.MM.yyyy", "5.3", '.');
+    EXPECT_TRUE(p.ok);
+    EXPECT_EQ(CTime::GetCurrentTime().GetYear(), p.y);
+    EXPECT_EQ(3, p.m);
+    EXPECT_EQ(5, p.d);
+    Parsed iso = Parse("yyyy-MM-dd", "3-5", '-');
+    EXPECT_EQ(3, iso.m);
+    EXPECT_EQ(5, iso.d);
+}
+
+TEST(IntlTimeParse, BlanksAndOneTrailingSeparatorAreAllowed)
+{
+    Parsed p = Parse("dd.MM.yyyy", " 5 . 3 . 2024. ", '.');
+    EXPECT_TRUE(p.ok);
+    EXPECT_EQ(2024, p.y);
+    EXPECT_EQ(3, p.m);
+    EXPECT_EQ(5, p.d);
+}
+
+TEST(IntlTimeParse, BadInputIsRefusedAndLeavesTheOutputs)
+{
+    const char* bad[] = {
+        "", "   ", "abc", "1/2/2005x", "1/x/2005", "+1/2/2005", "1/2/2005/6", "1/2/3/4",
+        "2", "1//2005", "/1/2005", "13/1/2005", "0/1/2005", "1/0/2005", "1/32/2005",
+        "2/31/2024", "2/30/2000", "4/31/2024", "1/2/5", "1/2/123", "1/2/20051", "001/2/2005",
+        "2/29/2023", "2/29/1900", "1/2//",
+    };
+    for (const char* text : bad)
+    {
+        Parsed p = Parse("M/d/yyyy", text, '/');
+        EXPECT_FALSE(p.ok) << '"' << text << '"';
+        EXPECT_EQ(-7, p.y) << text;
+        EXPECT_EQ(-7, p.m) << text;
+        EXPECT_EQ(-7, p.d) << text;
+    }
+    // The separator is the one given, not any punctuation.
+    EXPECT_FALSE(Parse("M/d/yyyy", "1.2.2005", '/').ok);
+    // A picture without day, month and year parses nothing.
+    EXPECT_FALSE(Parse("MM/yyyy", "1/2/2005", '/').ok);
+    EXPECT_FALSE(Parse("", "1/2/2005", '/').ok);
+}
+
+TEST(IntlTimeParse, LeapDaysFollowTheCalendarReform)
+{
+    EXPECT_TRUE(Parse("d/M/yyyy", "29/2/2000", '/').ok);
+    EXPECT_TRUE(Parse("d/M/yyyy", "29/2/2024", '/').ok);
+    EXPECT_FALSE(Parse("d/M/yyyy", "29/2/1900", '/').ok);
+    // Every fourth year up to 1752.
+    EXPECT_TRUE(Parse("d/M/yyyy", "29/2/1700", '/').ok);
+    EXPECT_FALSE(Parse("d/M/yyyy", "29/2/1701", '/').ok);
+}

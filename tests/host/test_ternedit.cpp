@@ -1,0 +1,250 @@
+// CTernEdit: its limit holds for typing and for pasting real clipboard text.
+#include <afxwin.h>
+#include <gtest/gtest.h>
+#include "hytest.h"
+#include "../afx/afx_test_helpers.h"
+#include "HyTernEdit.h"
+
+#include <string>
+
+namespace {
+
+void PutOnClipboard(HWND owner, const char* text)
+{
+    ASSERT_TRUE(::OpenClipboard(owner));
+    ::EmptyClipboard();
+    size_t n = strlen(text) + 1;
+    HGLOBAL h = ::GlobalAlloc(GMEM_MOVEABLE, n);
+    memcpy(::GlobalLock(h), text, n);
+    ::GlobalUnlock(h);
+    EXPECT_NE(nullptr, ::SetClipboardData(CF_TEXT, h));
+    ::CloseClipboard();
+}
+
+std::string Text(const CWnd& w)
+{
+    CString s;
+    w.GetWindowText(s);
+    return std::string(s);
+}
+
+// An editor that marks the time its paste runs, as derived editors do.
+class CMarkingEdit : public CTernEdit
+{
+public:
+    int pasting = 0;
+    int pastingSeenByInsert = -1;
+
+protected:
+    afx_msg LRESULT OnPasteMarked(WPARAM wParam, LPARAM lParam)
+    {
+        pasting = 1;
+        LRESULT r = CTernEdit::OnPaste(wParam, lParam);
+        pasting = 0;
+        return r;
+    }
+    afx_msg LRESULT OnReplaceSel(WPARAM, LPARAM)
+    {
+        pastingSeenByInsert = pasting;
+        return Default();
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CMarkingEdit, CTernEdit)
+    ON_MESSAGE(WM_PASTE, OnPasteMarked)
+    ON_MESSAGE(EM_REPLACESEL, OnReplaceSel)
+END_MESSAGE_MAP()
+
+// Standard controls, a frame with a focused bordered edit, typing and a paste.
+void WarmUp()
+{
+    WarmUpStandardControls();
+    for (int round = 0; round < 2; ++round)
+    {
+        hytest::HostFrame frame;
+        CTernEdit edit;
+        edit.SetMaxChars(2);
+        edit.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, CRect(10, 10, 210, 90),
+                    CWnd::FromHandle(frame), 100);
+        edit.SetFocus();
+        hytest::Type(edit, "abc");
+        edit.SendMessage(WM_PASTE);
+        edit.DestroyWindow();
+        hytest::PumpMessages();
+    }
+    AfxDeleteTempMaps();
+}
+
+class TernEditTest : public ::testing::Test
+{
+protected:
+    hytest::ObjectGuard guard{ WarmUp };
+    hytest::HostFrame frame;
+    hytest::BeepRecorder beeps;
+
+    void Make(CTernEdit& edit, DWORD style = ES_AUTOHSCROLL)
+    {
+        ASSERT_TRUE(edit.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | style, CRect(10, 10, 210, 90),
+                                CWnd::FromHandle(frame), 100));
+        edit.SetFocus();
+    }
+    void TearDown() override
+    {
+        hytest::PumpMessages();
+        AfxDeleteTempMaps();
+    }
+};
+
+}  // namespace
+
+TEST_F(TernEditTest, TypingStopsAtTheLimitWithABeepPerRefusedKey)
+{
+    CTernEdit edit;
+    edit.SetMaxChars(5);     // before the window exists
+    Make(edit);
+    EXPECT_EQ(5u, edit.GetLimitText());
+    hytest::Type(edit, "abcdefg");
+    EXPECT_EQ("abcde", Text(edit));
+    EXPECT_EQ(2, beeps.Count());
+
+    // Editing keys still work at the limit, and a selection makes room.
+    hytest::Char(edit, '\b');
+    EXPECT_EQ("abcd", Text(edit));
+    hytest::Type(edit, "X");
+    EXPECT_EQ("abcdX", Text(edit));
+    edit.SetSel(0, 2);
+    hytest::Type(edit, "Z");
+    EXPECT_EQ("ZcdX", Text(edit));
+    EXPECT_EQ(2, beeps.Count());
+    edit.DestroyWindow();
+}
+
+TEST_F(TernEditTest, LimitSetOnALiveWindowAndRemoved)
+{
+    CTernEdit edit;
+    Make(edit);
+    edit.SetMaxChars(3);
+    EXPECT_EQ(3, edit.GetMaxChars());
+    EXPECT_EQ(3u, edit.GetLimitText());
+    hytest::Type(edit, "abcd");
+    EXPECT_EQ("abc", Text(edit));
+    edit.SetMaxChars(0);
+    EXPECT_GT(edit.GetLimitText(), 3u);
+    hytest::Type(edit, "def");
+    EXPECT_EQ("abcdef", Text(edit));
+    EXPECT_EQ(1, beeps.Count());
+    edit.DestroyWindow();
+}
+
+TEST_F(TernEditTest, PasteInsertsWhatFitsWithoutBeeping)
+{
+    CTernEdit edit;
+    Make(edit);
+    edit.SetMaxChars(5);
+    hytest::Type(edit, "ab");
+    PutOnClipboard(frame, "0123456789");
+    edit.SendMessage(WM_PASTE);
+    EXPECT_EQ("ab012", Text(edit));
+    // Full: nothing more goes in, and still no beep.
+    edit.SendMessage(WM_PASTE);
+    EXPECT_EQ("ab012", Text(edit));
+    EXPECT_EQ(0, beeps.Count());
+    edit.DestroyWindow();
+}
+
+TEST_F(TernEditTest, PasteReplacesTheSelectionAndCountsItsRoom)
+{
+    CTernEdit edit;
+    Make(edit);
+    edit.SetMaxChars(5);
+    hytest::Type(edit, "abcde");
+    edit.SetSel(1, 4);
+    PutOnClipboard(frame, "WXYZ");
+    edit.SendMessage(WM_PASTE);
+    EXPECT_EQ("aWXYe", Text(edit));
+    EXPECT_EQ(0, beeps.Count());
+    edit.DestroyWindow();
+}
+
+TEST_F(TernEditTest, CtrlVTakesTheSamePath)
+{
+    CTernEdit edit;
+    Make(edit);
+    edit.SetMaxChars(4);
+    PutOnClipboard(frame, "pasted text");
+    hytest::Char(edit, 0x16);
+    EXPECT_EQ("past", Text(edit));
+    EXPECT_EQ(0, beeps.Count());
+    edit.DestroyWindow();
+}
+
+TEST_F(TernEditTest, SingleLinePasteTakesTheFirstLine)
+{
+    CTernEdit single;
+    Make(single);
+    PutOnClipboard(frame, "one\r\ntwo");
+    single.SendMessage(WM_PASTE);
+    EXPECT_EQ("one", Text(single));
+    single.DestroyWindow();
+
+    CTernEdit multi;
+    Make(multi, ES_MULTILINE | ES_WANTRETURN);
+    multi.SendMessage(WM_PASTE);
+    EXPECT_EQ("one\r\ntwo", Text(multi));
+    multi.DestroyWindow();
+
+    // A line break is never cut in half by the limit.
+    CTernEdit limited;
+    Make(limited, ES_MULTILINE | ES_WANTRETURN);
+    limited.SetMaxChars(4);
+    limited.SendMessage(WM_PASTE);
+    EXPECT_EQ("one", Text(limited));
+    limited.DestroyWindow();
+}
+
+TEST_F(TernEditTest, ReadOnlyAndEmptyClipboardPasteNothing)
+{
+    CTernEdit edit;
+    Make(edit, ES_AUTOHSCROLL | ES_READONLY);
+    PutOnClipboard(frame, "text");
+    edit.SendMessage(WM_PASTE);
+    EXPECT_EQ("", Text(edit));
+    edit.DestroyWindow();
+
+    CTernEdit other;
+    Make(other);
+    ASSERT_TRUE(::OpenClipboard(frame));
+    ::EmptyClipboard();
+    ::CloseClipboard();
+    other.SendMessage(WM_PASTE);
+    EXPECT_EQ("", Text(other));
+    other.DestroyWindow();
+}
+
+TEST_F(TernEditTest, DerivedEditorWrapsTheHostPaste)
+{
+    CMarkingEdit edit;
+    Make(edit);
+    edit.SetMaxChars(6);
+    PutOnClipboard(frame, "clipboard");
+    edit.SendMessage(WM_PASTE);
+    EXPECT_EQ("clipbo", Text(edit));
+    EXPECT_EQ(1, edit.pastingSeenByInsert);   // the text went in inside the paste
+    EXPECT_EQ(0, edit.pasting);
+    edit.DestroyWindow();
+}
+
+TEST_F(TernEditTest, RepeatedUseLeaksNothing)
+{
+    PutOnClipboard(frame, "repeat");
+    RunRepeated([&] {
+        CTernEdit edit;
+        edit.SetMaxChars(3);
+        Make(edit, ES_MULTILINE);
+        hytest::Type(edit, "abcd");
+        edit.SendMessage(WM_PASTE);
+        edit.DestroyWindow();
+    });
+    beeps.Clear();
+}
