@@ -18,7 +18,7 @@ namespace {
 
 const WORD kButton = 0x80, kEdit = 0x81, kStatic = 0x82, kListBox = 0x83;
 
-struct ItemSpec
+struct ControlLayout
 {
     int id;
     WORD classAtom;
@@ -26,17 +26,17 @@ struct ItemSpec
     const wchar_t* text;
 };
 
-struct DialogSpec
+struct DialogLayout
 {
     UINT id;
     const wchar_t* title;
     int cx, cy;
-    std::vector<ItemSpec> items;    // in tab order
+    std::vector<ControlLayout> items;    // in tab order
 };
 
-const std::vector<DialogSpec>& EnglishDialogs()
+const std::vector<DialogLayout>& EnglishDialogs()
 {
-    static const std::vector<DialogSpec> dialogs = {
+    static const std::vector<DialogLayout> dialogs = {
         { IDD_PASSWORD_MASKING, L"Password", 186, 98, {
             { IDC_STATIC, kStatic, 14, 9, 156, 24, L"One or more selected records are private records. "
                                                    L"You must enter your password to continue this operation." },
@@ -88,24 +88,24 @@ TEST_P(DialogTemplates, TemplatesHaveTheirSizeFontAndControls)
 {
     DataModule module(GetParam().relative);
     ASSERT_NE(module.get(), nullptr) << module.path();
-    for (const DialogSpec& spec : EnglishDialogs())
+    for (const DialogLayout& layout : EnglishDialogs())
     {
-        SCOPED_TRACE("dialog " + std::to_string(spec.id));
+        SCOPED_TRACE("dialog " + std::to_string(layout.id));
         DialogTemplate dlg;
-        ASSERT_TRUE(restest::LoadDialogTemplate(module.get(), spec.id, dlg));
+        ASSERT_TRUE(restest::LoadDialogTemplate(module.get(), layout.id, dlg));
         if (GetParam().german)
-            EXPECT_GE(dlg.cx, spec.cx);   // widened for longer words
+            EXPECT_GE(dlg.cx, layout.cx);   // widened for longer words
         else
-            EXPECT_EQ(dlg.cx, spec.cx);
-        EXPECT_EQ(dlg.cy, spec.cy);
+            EXPECT_EQ(dlg.cx, layout.cx);
+        EXPECT_EQ(dlg.cy, layout.cy);
         EXPECT_EQ(dlg.face, L"MS Sans Serif");
         EXPECT_EQ(dlg.pointSize, 8);
         EXPECT_TRUE(dlg.style & WS_POPUP);
         EXPECT_FALSE(dlg.style & WS_VISIBLE);
-        ASSERT_EQ(dlg.items.size(), spec.items.size());
-        for (size_t i = 0; i < spec.items.size(); ++i)
+        ASSERT_EQ(dlg.items.size(), layout.items.size());
+        for (size_t i = 0; i < layout.items.size(); ++i)
         {
-            const ItemSpec& want = spec.items[i];
+            const ControlLayout& want = layout.items[i];
             const DialogItem& have = dlg.items[i];
             SCOPED_TRACE("control " + std::to_string(i) + " id " + std::to_string(want.id));
             EXPECT_TRUE(restest::SameId(have.id, want.id)) << have.id;
@@ -180,15 +180,15 @@ TEST(ResourcesDialogsEnglish, TitlesAndTextsAreExact)
     DataModule library(restest::kHyUI.relative), english(restest::kLangEn.relative);
     ASSERT_TRUE(library.get() && english.get());
     for (const DataModule* module : { &library, &english })
-        for (const DialogSpec& spec : EnglishDialogs())
+        for (const DialogLayout& layout : EnglishDialogs())
         {
-            SCOPED_TRACE(module->path() + " dialog " + std::to_string(spec.id));
+            SCOPED_TRACE(module->path() + " dialog " + std::to_string(layout.id));
             DialogTemplate dlg;
-            ASSERT_TRUE(restest::LoadDialogTemplate(module->get(), spec.id, dlg));
-            EXPECT_EQ(dlg.title, spec.title);
-            ASSERT_EQ(dlg.items.size(), spec.items.size());
-            for (size_t i = 0; i < spec.items.size(); ++i)
-                EXPECT_EQ(dlg.items[i].text, spec.items[i].text) << "control " << i;
+            ASSERT_TRUE(restest::LoadDialogTemplate(module->get(), layout.id, dlg));
+            EXPECT_EQ(dlg.title, layout.title);
+            ASSERT_EQ(dlg.items.size(), layout.items.size());
+            for (size_t i = 0; i < layout.items.size(); ++i)
+                EXPECT_EQ(dlg.items[i].text, layout.items[i].text) << "control " << i;
         }
 }
 
@@ -196,20 +196,20 @@ TEST(ResourcesDialogsGerman, EveryTextIsTranslated)
 {
     DataModule german(restest::kLangDe.relative);
     ASSERT_NE(german.get(), nullptr) << german.path();
-    for (const DialogSpec& spec : EnglishDialogs())
+    for (const DialogLayout& layout : EnglishDialogs())
     {
-        SCOPED_TRACE("dialog " + std::to_string(spec.id));
+        SCOPED_TRACE("dialog " + std::to_string(layout.id));
         DialogTemplate dlg;
-        ASSERT_TRUE(restest::LoadDialogTemplate(german.get(), spec.id, dlg));
-        if (*spec.title)
+        ASSERT_TRUE(restest::LoadDialogTemplate(german.get(), layout.id, dlg));
+        if (*layout.title)
         {
             EXPECT_FALSE(dlg.title.empty());
-            EXPECT_NE(dlg.title, spec.title);
+            EXPECT_NE(dlg.title, layout.title);
         }
-        ASSERT_EQ(dlg.items.size(), spec.items.size());
-        for (size_t i = 0; i < spec.items.size(); ++i)
+        ASSERT_EQ(dlg.items.size(), layout.items.size());
+        for (size_t i = 0; i < layout.items.size(); ++i)
         {
-            const std::wstring english = spec.items[i].text;
+            const std::wstring english = layout.items[i].text;
             const std::wstring& text = dlg.items[i].text;
             if (english.empty() || english == L"OK")
                 EXPECT_EQ(text, english) << "control " << i;
@@ -226,10 +226,10 @@ TEST(ResourcesDialogsGerman, MnemonicsAreUniqueWithinADialog)
 {
     DataModule german(restest::kLangDe.relative);
     ASSERT_NE(german.get(), nullptr) << german.path();
-    for (const DialogSpec& spec : EnglishDialogs())
+    for (const DialogLayout& layout : EnglishDialogs())
     {
         DialogTemplate dlg;
-        ASSERT_TRUE(restest::LoadDialogTemplate(german.get(), spec.id, dlg));
+        ASSERT_TRUE(restest::LoadDialogTemplate(german.get(), layout.id, dlg));
         std::wstring keys;
         for (const DialogItem& item : dlg.items)
         {
@@ -237,7 +237,7 @@ TEST(ResourcesDialogsGerman, MnemonicsAreUniqueWithinADialog)
             if (amp == std::wstring::npos || amp + 1 >= item.text.size())
                 continue;
             wchar_t key = (wchar_t)(UINT_PTR)::CharUpperW((LPWSTR)(UINT_PTR)item.text[amp + 1]);
-            EXPECT_EQ(keys.find(key), std::wstring::npos) << "dialog " << spec.id << ": " << Narrow(item.text);
+            EXPECT_EQ(keys.find(key), std::wstring::npos) << "dialog " << layout.id << ": " << Narrow(item.text);
             keys += key;
         }
     }
@@ -345,16 +345,16 @@ TEST_P(DialogTextsFit, LabelsButtonsAndTitlesShowTheirWholeText)
     ASSERT_NE(module.get(), nullptr) << module.path();
     auto createAll = [&] {
         std::vector<std::string> problems;
-        for (const DialogSpec& spec : EnglishDialogs())
+        for (const DialogLayout& layout : EnglishDialogs())
         {
-            HWND dialog = CreateFromTemplate(module.get(), spec.id);
+            HWND dialog = CreateFromTemplate(module.get(), layout.id);
             if (!dialog)
             {
-                problems.push_back("dialog " + std::to_string(spec.id) + " was not created");
+                problems.push_back("dialog " + std::to_string(layout.id) + " was not created");
                 continue;
             }
             for (const std::string& problem :
-                 TextsThatDoNotFit(dialog, std::string(GetParam().name) + " dialog " + std::to_string(spec.id)))
+                 TextsThatDoNotFit(dialog, std::string(GetParam().name) + " dialog " + std::to_string(layout.id)))
                 problems.push_back(problem);
             ::DestroyWindow(dialog);
         }
