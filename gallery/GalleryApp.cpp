@@ -167,12 +167,7 @@ bool CreateDirectories(const CString& dir)
 // The sidebar's language line.
 CString LanguageCaption()
 {
-    HMODULE hResource = GalleryLibraryResourceModule();
-    if (hResource == nullptr)
-        return _T("HyUI.dll not attached");
-    if (hResource == ::GetModuleHandle(_T("HyUI.dll")))
-        return _T("Language: built-in English");
-    return _T("Language: ") + GalleryModuleName(hResource);
+    return _T("Language: ") + GalleryLanguageName();
 }
 
 int WriteImage(HBITMAP hBitmap, const CString& path)

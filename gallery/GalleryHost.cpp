@@ -1,5 +1,6 @@
 #include "GalleryHost.h"
 #include <afxdllx.h>
+#include "HyCommonUI.h"
 
 CString GalleryExeDir()
 {
@@ -10,16 +11,51 @@ CString GalleryExeDir()
     return slash >= 0 ? dir.Left(slash) : dir;
 }
 
+namespace {
+// A path below the gallery's folder without that folder, else unchanged.
+CString BelowExeDir(const CString& path)
+{
+    CString prefix = GalleryExeDir() + _T("\\");
+    if (path.GetLength() > prefix.GetLength() && prefix.CompareNoCase(path.Left(prefix.GetLength())) == 0)
+        return path.Mid(prefix.GetLength());
+    return path;
+}
+}
+
+CString GalleryLanguageFolder()
+{
+    CString dir;
+    GetTernLangDllDirectory(dir);
+    dir.TrimRight('\\');
+    return dir;
+}
+
 CString GalleryModuleName(HMODULE hModule)
 {
-    TCHAR path[MAX_PATH] = {};
-    if (hModule == nullptr || ::GetModuleFileName(hModule, path, MAX_PATH) == 0)
+    if (hModule == nullptr)
         return _T("(none)");
-    CString name(path);
-    CString prefix = GalleryExeDir() + _T("\\");
-    if (name.GetLength() > prefix.GetLength() && prefix.CompareNoCase(name.Left(prefix.GetLength())) == 0)
-        return name.Mid(prefix.GetLength());
-    return name;
+    if (hModule == ::GetModuleHandle(_T("HyUI.dll")))
+        return _T("HyUI.dll (English copy)");
+    if (hModule == ::GetModuleHandle(_T("HyHost.dll")))
+        return _T("HyHost.dll");
+    TCHAR path[MAX_PATH] = {};
+    if (::GetModuleFileName(hModule, path, MAX_PATH) != 0)
+        return BelowExeDir(path);
+    // A language module is mapped as a data file, which has no module name:
+    // it is the one in the language folder the host kit names.
+    return BelowExeDir(GalleryLanguageFolder() + _T("\\HyLangUI.dll"));
+}
+
+CString GalleryLanguageName()
+{
+    HMODULE hResource = GalleryLibraryResourceModule();
+    if (hResource == nullptr)
+        return _T("HyUI.dll not attached");
+    if (hResource == ::GetModuleHandle(_T("HyUI.dll")))
+        return _T("built-in English");
+    CString folder = GalleryLanguageFolder();
+    int slash = folder.ReverseFind('\\');
+    return slash >= 0 ? folder.Mid(slash + 1) : folder;
 }
 
 HMODULE GalleryLibraryResourceModule()

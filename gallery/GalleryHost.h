@@ -5,9 +5,17 @@
 
 // The folder of HyGallery.exe, without a trailing backslash.
 CString GalleryExeDir();
-// A module as a person reads it: its path below the gallery's folder
-// ("lang\de\HyLangUI.dll", "HyUI.dll"), else its full path.
+// A module as a person reads it: "HyUI.dll (English copy)", "HyHost.dll",
+// the language module's path below the gallery's folder
+// ("lang\de\HyLangUI.dll"; it is mapped as a data file, so it is named after
+// the host kit's language folder), else the module's path below the
+// gallery's folder or its full path.
 CString GalleryModuleName(HMODULE hModule);
+// The folder the host kit takes language modules from, no trailing backslash.
+CString GalleryLanguageFolder();
+// The language the library speaks: the language folder's name ("en", "de"),
+// "built-in English" when no language module was loaded.
+CString GalleryLanguageName();
 // The module HyUI.dll takes its resources from first (the language module,
 // or HyUI.dll itself when none was loaded); NULL before the library is
 // attached.
