@@ -1,5 +1,6 @@
 // HyAfx: COleDateTime and COleDateTimeSpan.
 #include "afxdisp.h"
+#include "afxspan.h"
 
 #include <math.h>
 #include <stdio.h>
@@ -600,32 +601,9 @@ const COleDateTimeSpan& COleDateTimeSpan::operator-=(const COleDateTimeSpan& dat
 
 CString COleDateTimeSpan::Format(LPCTSTR pFormat) const
 {
-    CString strResult;
-    if (m_status != valid || pFormat == NULL)
-        return strResult;
-    char szField[32];
-    for (LPCTSTR p = pFormat; *p; p++)
-    {
-        if (*p != '%' || p[1] == '\0')
-        {
-            strResult += *p;
-            continue;
-        }
-        switch (*++p)
-        {
-        case '%': strResult += '%'; continue;
-        case 'D': snprintf(szField, sizeof szField, "%ld", GetDays()); break;
-        case 'H': snprintf(szField, sizeof szField, "%02ld", GetHours()); break;
-        case 'M': snprintf(szField, sizeof szField, "%02ld", GetMinutes()); break;
-        case 'S': snprintf(szField, sizeof szField, "%02ld", GetSeconds()); break;
-        default:
-            strResult += '%';
-            strResult += *p;
-            continue;
-        }
-        strResult += szField;
-    }
-    return strResult;
+    if (m_status != valid)
+        return CString();
+    return AfxFormatSpan(pFormat, GetDays(), GetHours(), GetMinutes(), GetSeconds());
 }
 
 CString COleDateTimeSpan::Format(UINT nID) const

@@ -1,5 +1,6 @@
 // HyAfx: CTime and CTimeSpan.
 #include "afxtime.h"
+#include "afxspan.h"
 
 #include <stdio.h>
 #include <string.h>
@@ -56,7 +57,7 @@ int CTimeSpan::GetMinutes() const { return (int)(GetTotalMinutes() - (__time64_t
 LONG CTimeSpan::GetTotalSeconds() const { return (LONG)m_timeSpan; }
 int CTimeSpan::GetSeconds() const { return (int)(m_timeSpan - (__time64_t)GetTotalMinutes() * 60); }
 
-CString CTimeSpan::Format(LPCTSTR pFormat) const
+CString AfxFormatSpan(LPCTSTR pFormat, long days, long hours, long minutes, long seconds)
 {
     CString strResult;
     if (pFormat == NULL)
@@ -72,10 +73,10 @@ CString CTimeSpan::Format(LPCTSTR pFormat) const
         switch (*++p)
         {
         case '%': strResult += '%'; continue;
-        case 'D': snprintf(szField, sizeof szField, "%ld", (long)GetDays()); break;
-        case 'H': snprintf(szField, sizeof szField, "%02d", GetHours()); break;
-        case 'M': snprintf(szField, sizeof szField, "%02d", GetMinutes()); break;
-        case 'S': snprintf(szField, sizeof szField, "%02d", GetSeconds()); break;
+        case 'D': snprintf(szField, sizeof szField, "%ld", days); break;
+        case 'H': snprintf(szField, sizeof szField, "%02ld", hours); break;
+        case 'M': snprintf(szField, sizeof szField, "%02ld", minutes); break;
+        case 'S': snprintf(szField, sizeof szField, "%02ld", seconds); break;
         default:
             // An unknown code is kept as written.
             strResult += '%';
@@ -85,6 +86,11 @@ CString CTimeSpan::Format(LPCTSTR pFormat) const
         strResult += szField;
     }
     return strResult;
+}
+
+CString CTimeSpan::Format(LPCTSTR pFormat) const
+{
+    return AfxFormatSpan(pFormat, (long)GetDays(), GetHours(), GetMinutes(), GetSeconds());
 }
 
 CString CTimeSpan::Format(UINT nFormatID) const

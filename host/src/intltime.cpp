@@ -152,22 +152,27 @@ BOOL CIntlTime::Is24HrFormat()
     return LocaleString(LOCALE_USER_DEFAULT, LOCALE_ITIME) == "1";
 }
 
+// The separator the user's picture puts between two kinds of fields; else
+// the locale's separator value; else the usual one.
+static CString UserSeparator(LCTYPE pictureType, const char* before, const char* after,
+                             LCTYPE separatorType, const char* usual)
+{
+    CString sep = SeparatorBetween(LocaleString(LOCALE_USER_DEFAULT, pictureType), before, after);
+    if (sep.IsEmpty())
+        sep = LocaleString(LOCALE_USER_DEFAULT, separatorType);
+    return sep.IsEmpty() ? CString(usual) : sep;
+}
+
 CString CIntlTime::GetTimeSeperator()
 {
-    CString sep = SeparatorBetween(LocaleString(LOCALE_USER_DEFAULT, LOCALE_STIMEFORMAT), "hH", "m");
-    if (sep.IsEmpty())
-        sep = LocaleString(LOCALE_USER_DEFAULT, LOCALE_STIME);
-    return sep.IsEmpty() ? CString(":") : sep;
+    return UserSeparator(LOCALE_STIMEFORMAT, "hH", "m", LOCALE_STIME, ":");
 }
 
 void CIntlTime::GetTimeSeperator(CString& rSeparator) { rSeparator = GetTimeSeperator(); }
 
 CString CIntlTime::GetDateSeperator()
 {
-    CString sep = SeparatorBetween(LocaleString(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE), "dMy", "dMy");
-    if (sep.IsEmpty())
-        sep = LocaleString(LOCALE_USER_DEFAULT, LOCALE_SDATE);
-    return sep.IsEmpty() ? CString("/") : sep;
+    return UserSeparator(LOCALE_SSHORTDATE, "dMy", "dMy", LOCALE_SDATE, "/");
 }
 
 void CIntlTime::GetDateSeperator(CString& rSeparator) { rSeparator = GetDateSeperator(); }

@@ -2,7 +2,6 @@
 #include "HyDateHelpers.h"
 #include <afxdisp.h>
 #include <stdlib.h>
-#include <time.h>
 #include "HyOleDate.h"
 
 namespace {
@@ -36,17 +35,10 @@ CString HyGetDate(double date, int shortFormat)
 
 int HyGetCTimeValid(int year, int month, int day, int hour, int minute, int second, CTime& out, int dst)
 {
-    out = CTime((__time64_t)-1);
-    struct tm t{};
-    t.tm_sec = second;
-    t.tm_min = minute;
-    t.tm_hour = hour;
-    t.tm_mday = day;
-    t.tm_mon = month - 1;
-    t.tm_year = year - 1900;
-    t.tm_isdst = dst;   // passed straight through: <0 lets the runtime decide
-    time_t value = mktime(&t);   // normalises out-of-range fields
-    if (value == -1)
+    // mktime of the fields (dst passed straight through: <0 lets the runtime
+    // decide); out-of-range fields are normalised, not rejected; -1 on failure.
+    out = CTime(year, month, day, hour, minute, second, dst);
+    if (out.GetTime() == -1)
     {
         // Deliberately asymmetric: east of Greenwich 1 January 1970 fails, and
         // the caller still gets the same clock time a day later in out.
@@ -54,7 +46,6 @@ int HyGetCTimeValid(int year, int month, int day, int hour, int minute, int seco
             out = CTime(1970, 1, 2, hour, minute, second, dst);
         return 0;
     }
-    out = CTime(value);
     return 1;
 }
 
