@@ -91,7 +91,7 @@ public:
     int RemoveEvent(CHyDate* pDates, int nCount, int bRedraw);
     void ResetEventArray(int bRedraw);
     int GetEventCount() const { return (int)events.GetSize(); }
-    const CHyDate& GetEvent(int nIndex) const { return events[nIndex]; }
+    CHyDate GetEvent(int nIndex) const { return events[nIndex]; }
     void GetDateRange(CHyDate* pFirst, CHyDate* pLast) const;
 
     // ---- hit testing ----
@@ -119,6 +119,10 @@ protected:
     void DrawDays(CDC* pDC, int nIndex, const HyCalParts& parts);
     // Invalidates one day's cell wherever it is shown (no erase).
     void InvalidateDay(const CHyDate& date);
+    // Repaints the cells of the old and new highlighted day, or everything
+    // when whole weeks are highlighted or the months changed.
+    void RepaintHighlightChange(const CHyDate& before, bool monthsChanged);
+    void MoveDropMark(const CHyDate& to);
 
     // ---- interaction ----
     void CalcRects();

@@ -16,3 +16,8 @@ HYUI_API int HyGetCTimeValid(int year, int month, int day, int hour, int minute,
 
 // The time_t of HyGetCTimeValid's result, or -1 when it reported failure.
 HYUI_API long HyGetValidCTime(int year, int month, int day, int hour, int minute, int second, int dst);
+
+// Asks for a day in the modal "Select Date" dialog (no parent, years from
+// 1970). 1 when the user confirmed: date becomes that day at 00:00:00.
+// Otherwise 0, and date is left exactly as it was.
+HYUI_API int HyDisplayHyDayPickerDlg(double& date);

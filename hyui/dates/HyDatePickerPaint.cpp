@@ -1,0 +1,743 @@
+// Painting of CHyDatePicker: calendars, header parts, day-of-week initials,
+// days and their marks. Design and colour choices: docs/datepicker-painting.md.
+//
+// One paint fills the invalid area with the body colour once and draws every
+// calendar that meets it into a memory buffer, then copies the buffer to the
+// window. Nothing is created per cell: fonts come from the theme, shapes are
+// drawn with the DC pen and brush, day numbers are constant strings.
+#include "HyDatePicker.h"
+#include "HyCalMonth.h"
+#include "HyTheme.h"
+#include "HyUIRes.h"
+
+namespace {
+
+// Window style bit of the picker: highlight the whole week of the selected day.
+constexpr DWORD kWholeWeekStyle = 0x2000;
+
+// Event kinds with a look of their own; other kinds are drawn like kind 0.
+constexpr int kEventLooks = 4;
+// Swatches of the event kinds 0..3: petrol, wine, royal blue, brown. Dark
+// enough to keep 2.7:1 or more on the selection fill and 6.8:1 on white,
+// and four different hue families.
+constexpr int kEventSwatch[kEventLooks] = { 13, 8, 10, 11 };
+
+// Day-of-week initials in weekday order from Sunday; Sunday's id comes
+// after Monday..Friday and Saturday's last: the order is intended.
+constexpr UINT kDowIds[7] = { IDS_DAY_SUNDAY,   IDS_DAY_MONDAY, IDS_DAY_TUESDAY,  IDS_DAY_WEDNESDAY,
+                              IDS_DAY_THURSDAY, IDS_DAY_FRIDAY, IDS_DAY_SATURDAY };
+
+// "1".."31" without formatting at paint time; index 0 is unused.
+struct DayTexts
+{
+    char text[32][3];
+    int length[32];
+    constexpr DayTexts() : text(), length()
+    {
+        for (int d = 1; d < 32; ++d) {
+            if (d < 10) {
+                text[d][0] = char('0' + d);
+                length[d] = 1;
+            } else {
+                text[d][0] = char('0' + d / 10);
+                text[d][1] = char('0' + d % 10);
+                length[d] = 2;
+            }
+        }
+    }
+};
+constexpr DayTexts kDayTexts;
+
+// Everything a paint needs that does not change from calendar to calendar:
+// colours, fonts and their heights, the initials, today and the focus.
+// Built once per paint.
+struct PaintKit
+{
+    const CHyDatePicker* owner = nullptr;
+
+    COLORREF body, bodyText, bodyLine, otherText;
+    COLORREF headerFill, headerText, headerLine;
+    COLORREF hotFill, pressedFill, pressedText, pressedEdge;
+    COLORREF selFill, selText, selOtherText;
+    COLORREF todayFrame, startMark, dropFill, dropFrame;
+    COLORREF eventColour[kEventLooks];
+
+    CFont* dayFont = nullptr;
+    CFont* captionFont = nullptr;
+    int dayTextHeight = 0;
+    int captionTextHeight = 0;
+    int digitWidth[10] = {};   // advance of '0'..'9' in the day font
+
+    CString dow[7];
+    CHyDate today;
+    bool focused = false;
+    bool wholeWeek = false;
+
+    void Load(const CHyDatePicker* picker, CDC* pDC)
+    {
+        owner = picker;
+        HYThemeStyle bodyStyle, headerStyle, selStyle, frameStyle;
+        HYThemeGetStyle(HYTHEME_BODY, &bodyStyle);
+        HYThemeGetStyle(HYTHEME_HEADER, &headerStyle);
+        HYThemeGetStyle(HYTHEME_HEADER_SEL, &selStyle);
+        HYThemeGetStyle(HYTHEME_LIST_SELFRAME, &frameStyle);
+
+        body = bodyStyle.fill;
+        bodyText = bodyStyle.text;
+        bodyLine = bodyStyle.line;
+        // Neighbouring months: the body text lightened, 5.6:1 on white
+        // against 14.7:1 for the calendar's own days.
+        otherText = HYThemeLighten(bodyStyle.text);
+
+        // A solid header: a per-column gradient costs a GDI call per pixel column.
+        headerFill = headerStyle.fill;
+        headerText = headerStyle.text;
+        headerLine = headerStyle.line;
+        // Hot: the header's ramp end darkened, framed; pressed: the selection blue.
+        hotFill = HYThemeShiftColor(headerStyle.fillEnd, -32);
+        pressedFill = selStyle.fill;
+        pressedText = selStyle.text;
+        pressedEdge = selStyle.dark;
+
+        selFill = selStyle.fill;
+        selText = selStyle.text;
+        selOtherText = selStyle.dark;
+
+        todayFrame = selStyle.dark;
+        startMark = frameStyle.fill;
+        dropFill = headerStyle.fillEnd;
+        dropFrame = headerStyle.line;
+        for (int k = 0; k < kEventLooks; ++k)
+            eventColour[k] = HYThemeSwatchColor(kEventSwatch[k]);
+
+        dayFont = HYThemeGetFont(HYFONT_STANDARD);
+        captionFont = HYThemeGetFont(HYFONT_CARD_TITLE);
+        captionTextHeight = TextHeight(pDC, captionFont);
+        {
+            CDCSelect font(*pDC, dayFont);
+            TEXTMETRIC tm = {};
+            dayTextHeight = pDC->GetTextMetrics(&tm) ? tm.tmHeight : 0;
+            if (!::GetCharWidth32A(pDC->m_hDC, '0', '9', digitWidth))
+                for (int& w : digitWidth)
+                    w = tm.tmAveCharWidth;
+        }
+
+        for (int i = 0; i < 7; ++i)
+            dow[i].LoadString(kDowIds[i]);
+
+        CHyDatePicker::GetToday(&today);
+        HWND hwnd = picker->GetSafeHwnd();
+        focused = hwnd != NULL && ::GetFocus() == hwnd;
+        wholeWeek = hwnd != NULL && (picker->GetStyle() & kWholeWeekStyle) != 0;
+    }
+
+    static int TextHeight(CDC* pDC, CFont* pFont)
+    {
+        CDCSelect font(*pDC, pFont);
+        TEXTMETRIC tm = {};
+        return pDC->GetTextMetrics(&tm) ? tm.tmHeight : 0;
+    }
+};
+
+// The kit of the paint in progress; the Draw* members find it here so that
+// their signatures stay (DC, calendar, parts). Painting is single-threaded.
+PaintKit* g_paintKit = nullptr;
+
+class PaintKitScope
+{
+public:
+    PaintKitScope(const CHyDatePicker* picker, CDC* pDC) : m_previous(g_paintKit)
+    {
+        m_kit.Load(picker, pDC);
+        g_paintKit = &m_kit;
+    }
+    ~PaintKitScope() { g_paintKit = m_previous; }
+    const PaintKit& Kit() const { return m_kit; }
+
+private:
+    PaintKit m_kit;
+    PaintKit* m_previous;
+};
+
+// The kit for a Draw* call: the running paint's, or one built for this call.
+const PaintKit& KitFor(const CHyDatePicker* picker, CDC* pDC, PaintKit& local)
+{
+    if (g_paintKit != nullptr && g_paintKit->owner == picker)
+        return *g_paintKit;
+    local.Load(picker, pDC);
+    return local;
+}
+
+CRect ToCRect(const HyRect& r) { return CRect(r.left, r.top, r.right, r.bottom); }
+
+bool Meets(const CRect& a, const CRect& b)
+{
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+void Fill(HDC hdc, const RECT& r, COLORREF colour)
+{
+    ::SetBkColor(hdc, colour);
+    ::ExtTextOutA(hdc, 0, 0, ETO_OPAQUE, &r, nullptr, 0, nullptr);
+}
+
+// A one-pixel frame on the edge of r.
+void Frame(HDC hdc, const RECT& r, COLORREF colour)
+{
+    Fill(hdc, RECT{ r.left, r.top, r.right, r.top + 1 }, colour);
+    Fill(hdc, RECT{ r.left, r.bottom - 1, r.right, r.bottom }, colour);
+    Fill(hdc, RECT{ r.left, r.top + 1, r.left + 1, r.bottom - 1 }, colour);
+    Fill(hdc, RECT{ r.right - 1, r.top + 1, r.right, r.bottom - 1 }, colour);
+}
+
+// Text centred in r; TA_CENTER | TA_TOP is set by the caller. Clipped to r
+// so that a picker made too small never writes into a neighbouring cell.
+void CentredText(HDC hdc, const RECT& r, const char* text, int length, int textHeight)
+{
+    const int x = (r.left + r.right) / 2;
+    const int y = r.top + (r.bottom - r.top - textHeight) / 2;
+    ::ExtTextOutA(hdc, x, y, ETO_CLIPPED, &r, text, (UINT)length, nullptr);
+}
+
+// Shapes in the DC pen and brush (DC_PEN / DC_BRUSH selected by the caller).
+void ShapeColour(HDC hdc, COLORREF colour)
+{
+    ::SetDCPenColor(hdc, colour);
+    ::SetDCBrushColor(hdc, colour);
+}
+
+void Triangle(HDC hdc, POINT a, POINT b, POINT c)
+{
+    const POINT pts[3] = { a, b, c };
+    ::Polygon(hdc, pts, 3);
+}
+
+// Month and year that calendar index shows. September 1752 keeps its own
+// fixed grid and leaves the month object's month and year as they were, so
+// it is recognised by its empty first cell.
+void CalendarMonthOf(const CHyCalMonth& cal, int& month, int& year)
+{
+    if (cal.cellDay[0] == -1) {
+        month = 9;
+        year = 1752;
+        return;
+    }
+    month = cal.month;
+    year = cal.year;
+}
+
+// Date in a cell; false for an empty cell. `own`: the day belongs to the
+// calendar's own month.
+bool CellDate(const CHyCalMonth& cal, int calMonth, int calYear, int cell, CHyDate& date, bool& own)
+{
+    const int day = cal.cellDay[cell];
+    if (day <= 0)
+        return false;
+    if (cal.cellDay[0] == -1) {
+        // Every filled cell of September 1752 is a September day.
+        date = CHyDate(1752, 9, day, 0);
+        own = true;
+        return true;
+    }
+    const int month = cal.cellMonth[cell];
+    int year = calYear;
+    if (calMonth == 1 && month == 12)
+        --year;
+    else if (calMonth == 12 && month == 1)
+        ++year;
+    date = CHyDate(year, month, day, 0);
+    own = month == calMonth;
+    return true;
+}
+
+CRect CellRect(const HyRect& grid, int dayWidth, int dayHeight, int cell)
+{
+    const int x = grid.left + (cell % 7) * dayWidth;
+    const int y = grid.top + (cell / 7) * dayHeight;
+    return CRect(x, y, x + dayWidth, y + dayHeight);
+}
+
+// The three months a calendar's grid shows (previous, own, next) and whether
+// each is some calendar's own month. A date is marked (highlight, today,
+// start, events, drop target) in one place only: in the calendar of its
+// month, or, when no calendar shows its month, in the neighbouring-month
+// cell that shows it.
+struct MonthSlots
+{
+    int month = 0, year = 0;
+    int slotMonth[3] = {}, slotYear[3] = {};
+    bool shown[3] = {};
+
+    void Load(const CHyDatePicker& picker, const CHyCalMonth& cal)
+    {
+        CalendarMonthOf(cal, month, year);
+        for (int slot = 0; slot < 3; ++slot) {
+            slotMonth[slot] = month;
+            slotYear[slot] = year;
+            hy::IncrMonth(slotMonth[slot], slotYear[slot], slot - 1);
+            shown[slot] = slot == 1;
+        }
+        for (int i = 0, n = picker.GetCalCount(); i < n; ++i) {
+            int m, y;
+            CalendarMonthOf(*picker.GetCalendar(i), m, y);
+            for (int slot = 0; slot < 3; slot += 2)
+                if (m == slotMonth[slot] && y == slotYear[slot])
+                    shown[slot] = true;
+        }
+    }
+    // 0, 1, 2 for the previous, own and next month; -1 for any other date.
+    int SlotOf(const CHyDate& d) const
+    {
+        for (int slot = 0; slot < 3; ++slot)
+            if (d.month == slotMonth[slot] && d.year == slotYear[slot])
+                return slot;
+        return -1;
+    }
+    bool Marked(bool own, const CHyDate& d) const
+    {
+        if (own)
+            return true;
+        const int slot = SlotOf(d);
+        return slot >= 0;
+    }
+};
+
+// Mark sizes grow with the cell: 4 pixels in the day picker's 26 x 16 cells.
+int MarkSize(int dayWidth, int dayHeight)
+{
+    const int s = (dayWidth < dayHeight ? dayWidth : dayHeight) / 4;
+    return s < 3 ? 3 : s;
+}
+
+// Event marks, each in its own corner or edge and of its own shape, so that
+// the kind is told apart without its colour:
+//   kind 0: a round dot at the bottom right;
+//   kind 1: a triangle in the top-right corner;
+//   kind 2: a bar along the bottom, under the number;
+//   kind 3: a square at the bottom left.
+// `inner` is the cell inside the today frame.
+void DrawEventMark(HDC hdc, const CRect& inner, int look, int s, COLORREF colour)
+{
+    ShapeColour(hdc, colour);
+    switch (look) {
+    case 1:
+        Triangle(hdc, POINT{ inner.right - 1 - s - 1, inner.top }, POINT{ inner.right - 1, inner.top },
+                 POINT{ inner.right - 1, inner.top + s + 1 });
+        break;
+    case 2: {
+        const int width = inner.Width() / 2;
+        const int left = inner.left + (inner.Width() - width) / 2;
+        Fill(hdc, RECT{ left, inner.bottom - 2, left + width, inner.bottom }, colour);
+        break;
+    }
+    case 3:
+        Fill(hdc, RECT{ inner.left, inner.bottom - s, inner.left + s, inner.bottom }, colour);
+        break;
+    default:
+        ::Ellipse(hdc, inner.right - s - 1, inner.bottom - s - 1, inner.right, inner.bottom);
+        break;
+    }
+}
+
+// The start mark: an open corner bracket at the top left, two pixels thick,
+// a shape no event mark uses.
+void DrawStartMark(HDC hdc, const CRect& inner, int s, COLORREF colour)
+{
+    const int arm = s + 2;
+    Fill(hdc, RECT{ inner.left, inner.top, inner.left + arm, inner.top + 2 }, colour);
+    Fill(hdc, RECT{ inner.left, inner.top + 2, inner.left + 2, inner.top + arm }, colour);
+}
+
+// Arrow glyph: a filled triangle pointing left (prev) or right, centred in r.
+void DrawArrowGlyph(HDC hdc, const CRect& r, bool left, COLORREF colour)
+{
+    int a = r.Height() / 4;
+    if (a < 2)
+        a = 2;
+    const int cx = r.left + r.Width() / 2;
+    const int cy = r.top + r.Height() / 2;
+    ShapeColour(hdc, colour);
+    const int tip = left ? cx - a / 2 - 1 : cx + a / 2 + 1;
+    const int base = left ? tip + a : tip - a;
+    Triangle(hdc, POINT{ tip, cy }, POINT{ base, cy - a }, POINT{ base, cy + a });
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------
+// Messages
+
+BOOL CHyDatePicker::OnEraseBkgnd(CDC*)
+{
+    // The paint covers every pixel it is asked for; erasing first would flicker.
+    return TRUE;
+}
+
+void CHyDatePicker::OnPaint()
+{
+    CPaintDC dc(this);
+    // The paint DC's clip box is the invalid area; the print path paints
+    // exactly that through the buffer.
+    OnPrintClient((WPARAM)dc.GetSafeHdc(), PRF_CLIENT);
+}
+
+LRESULT CHyDatePicker::OnPrintClient(WPARAM wParam, LPARAM)
+{
+    HDC hdc = (HDC)wParam;
+    if (hdc == NULL || calendars == nullptr)
+        return 0;
+    CDC* pTarget = CDC::FromHandle(hdc);
+
+    CRect area;
+    GetClientRect(&area);
+    CRect clipBox;
+    const int clip = pTarget->GetClipBox(&clipBox);
+    if (clip == NULLREGION)
+        return 0;
+    if (clip != ERROR && !area.IntersectRect(&area, &clipBox))
+        return 0;
+
+    CMemDCBuffer buffer(pTarget, &area);
+    CDC* pDC = buffer.GetDC();
+    CDCSaveState state(*pDC);
+    PaintKitScope scope(this, pDC);
+
+    // One fill for the whole area: the calendars' backgrounds and the gaps
+    // between them (outside the window region, but printed).
+    Fill(pDC->m_hDC, area, scope.Kit().body);
+    for (int i = 0; i < calCount; ++i)
+        DrawCalendar(pDC, i, area);
+    return 0;
+}
+
+// ---------------------------------------------------------------------------
+// Calendars
+
+void CHyDatePicker::DrawCalendar(CDC* pDC, int nIndex, const CRect& rcClip)
+{
+    if (calendars == nullptr || nIndex < 0 || nIndex >= calCount)
+        return;
+    const CRect bounds = GetCalBounds(nIndex);
+    if (!Meets(bounds, rcClip))
+        return;
+    PaintKit local;
+    const PaintKit& kit = KitFor(this, pDC, local);
+    // The Draw* parts below expect this set-up: transparent text centred at
+    // its x, and the DC pen and brush for shapes. All of it is undone here.
+    CDCSaveState state(*pDC);
+    HDC hdc = pDC->m_hDC;
+    ::SetBkMode(hdc, TRANSPARENT);
+    ::SetTextAlign(hdc, TA_CENTER | TA_TOP | TA_NOUPDATECP);
+    ::SelectObject(hdc, ::GetStockObject(DC_PEN));
+    ::SelectObject(hdc, ::GetStockObject(DC_BRUSH));
+
+    // A hairline frame separates neighbouring months.
+    Frame(hdc, bounds, kit.bodyLine);
+
+    const HyCalParts parts = GetCalRects(bounds);
+    if (Meets(ToCRect(parts.header), rcClip))
+        DrawHeader(pDC, nIndex, parts);
+    if (Meets(ToCRect(parts.dayOfWeek), rcClip))
+        DrawDow(pDC, nIndex, parts);
+    CRect grid = ToCRect(parts.dayGrid);
+    grid.InflateRect(1, 1);  // the focus ring reaches one pixel out
+    if (Meets(grid, rcClip))
+        DrawDays(pDC, nIndex, parts);
+}
+
+// Hot / pressed state of a header part of a calendar: 0 normal, 1 hot, 2 pressed.
+static int PartState(const CHyDatePicker& p, int nIndex, int part)
+{
+    if (p.pressed && p.focusCal == nIndex && p.focusPart == part)
+        return 2;
+    if (p.rolloverCal == nIndex && p.rolloverPart == part)
+        return 1;
+    return 0;
+}
+
+// Background of a hot or pressed header part; answers the glyph colour.
+static COLORREF DrawPartBack(HDC hdc, const CRect& r, int state, const PaintKit& kit)
+{
+    if (state == 0)
+        return kit.headerText;
+    Fill(hdc, r, state == 2 ? kit.pressedFill : kit.hotFill);
+    Frame(hdc, r, state == 2 ? kit.pressedEdge : kit.headerLine);
+    return state == 2 ? kit.pressedText : kit.headerText;
+}
+
+void CHyDatePicker::DrawHeader(CDC* pDC, int nIndex, const HyCalParts& parts)
+{
+    PaintKit local;
+    const PaintKit& kit = KitFor(this, pDC, local);
+    Fill(pDC->m_hDC, ToCRect(parts.header), kit.headerFill);
+    CDCSelect font(*pDC, kit.captionFont);
+    DrawMonth(pDC, nIndex, parts);
+    DrawYear(pDC, nIndex, parts);
+    DrawHeaderArrows(pDC, nIndex, parts);
+}
+
+void CHyDatePicker::DrawMonth(CDC* pDC, int nIndex, const HyCalParts& parts)
+{
+    if (flags & HYDP_YEAR_ONLY_HEADER)
+        return;
+    PaintKit local;
+    const PaintKit& kit = KitFor(this, pDC, local);
+    int month, year;
+    CalendarMonthOf(calendars[nIndex], month, year);
+    CString text;
+    GetMonthString(month, text);
+    HDC hdc = pDC->m_hDC;
+    CRect r = ToCRect(parts.monthCaption);
+    const int state = (flags & HYDP_MONTH_CAPTION) ? PartState(*this, nIndex, HYPART_MONTH_CAPTION) : 0;
+    ::SetTextColor(hdc, DrawPartBack(hdc, r, state, kit));
+    if (state == 2)
+        r.OffsetRect(1, 1);
+    CentredText(hdc, r, text, text.GetLength(), kit.captionTextHeight);
+}
+
+void CHyDatePicker::DrawYear(CDC* pDC, int nIndex, const HyCalParts& parts)
+{
+    if (flags & HYDP_MONTH_ONLY_HEADER)
+        return;
+    PaintKit local;
+    const PaintKit& kit = KitFor(this, pDC, local);
+    int month, year;
+    CalendarMonthOf(calendars[nIndex], month, year);
+    CString text;
+    GetYearString(year, text);
+    HDC hdc = pDC->m_hDC;
+    CRect r = ToCRect(parts.yearCaption);
+    const int state = (flags & HYDP_YEAR_CAPTION) ? PartState(*this, nIndex, HYPART_YEAR_CAPTION) : 0;
+    ::SetTextColor(hdc, DrawPartBack(hdc, r, state, kit));
+    if (state == 2)
+        r.OffsetRect(1, 1);
+    CentredText(hdc, r, text, text.GetLength(), kit.captionTextHeight);
+}
+
+void CHyDatePicker::DrawHeaderArrows(CDC* pDC, int nIndex, const HyCalParts& parts)
+{
+    PaintKit local;
+    const PaintKit& kit = KitFor(this, pDC, local);
+    HDC hdc = pDC->m_hDC;
+    const int c = cols > 0 ? cols : 1;
+    // Drawn only where a click steps the months (the same tests as hit-testing).
+    const bool prev = (flags & HYDP_PREV_ARROW) && nIndex % c == 0 && !(flags & HYDP_YEAR_ONLY_HEADER);
+    const bool next = (flags & HYDP_NEXT_ARROW) && nIndex % c == c - 1 && !(flags & HYDP_MONTH_ONLY_HEADER);
+    if (prev) {
+        CRect r = ToCRect(parts.prevArrow);
+        const int state = PartState(*this, nIndex, HYPART_PREV_ARROW);
+        const COLORREF glyph = DrawPartBack(hdc, r, state, kit);
+        if (state == 2)
+            r.OffsetRect(1, 1);
+        DrawArrowGlyph(hdc, r, true, glyph);
+    }
+    if (next) {
+        CRect r = ToCRect(parts.nextArrow);
+        const int state = PartState(*this, nIndex, HYPART_NEXT_ARROW);
+        const COLORREF glyph = DrawPartBack(hdc, r, state, kit);
+        if (state == 2)
+            r.OffsetRect(1, 1);
+        DrawArrowGlyph(hdc, r, false, glyph);
+    }
+}
+
+void CHyDatePicker::DrawDow(CDC* pDC, int nIndex, const HyCalParts& parts)
+{
+    PaintKit local;
+    const PaintKit& kit = KitFor(this, pDC, local);
+    HDC hdc = pDC->m_hDC;
+    CDCSelect font(*pDC, kit.dayFont);
+    ::SetTextColor(hdc, kit.headerText);
+    const bool mondayFirst = calendars[nIndex].mondayFirst != 0;
+    // September 1752 is always laid out Sunday first.
+    const bool sundayGrid = calendars[nIndex].cellDay[0] == -1;
+    const HyRect& row = parts.dayOfWeek;
+    for (int c = 0; c < 7; ++c) {
+        const CString& text = kit.dow[(mondayFirst && !sundayGrid) ? (c + 1) % 7 : c];
+        const RECT r = { row.left + c * dayWidth, row.top, row.left + (c + 1) * dayWidth, row.bottom };
+        CentredText(hdc, r, text, text.GetLength(), kit.dayTextHeight);
+    }
+    if (hyAttributes & HYDPA_GRID_RULE)
+        Fill(hdc, RECT{ row.left, row.bottom - 1, row.left + 7 * dayWidth, row.bottom }, kit.bodyLine);
+}
+
+void CHyDatePicker::DrawDays(CDC* pDC, int nIndex, const HyCalParts& parts)
+{
+    PaintKit local;
+    const PaintKit& kit = KitFor(this, pDC, local);
+    HDC hdc = pDC->m_hDC;
+    const CHyCalMonth& cal = calendars[nIndex];
+    MonthSlots slots;
+    slots.Load(*this, cal);
+    const HyRect& grid = parts.dayGrid;
+
+    // Rows that the clip box meets (one pixel more for the focus ring).
+    CRect clip;
+    if (pDC->GetClipBox(&clip) == ERROR)
+        clip = ToCRect(grid);
+    const int h = dayHeight > 0 ? dayHeight : 1;
+    const int firstRow = clip.top - 1 < grid.top ? 0 : (clip.top - 1 - grid.top) / h;
+    int lastRow = clip.bottom + 1 <= grid.top ? -1 : (clip.bottom + 1 - grid.top) / h;
+    if (lastRow > 5)
+        lastRow = 5;
+    if (firstRow > lastRow)
+        return;
+
+    // Event looks by slot and day: look + 1, 0 for none.
+    unsigned char eventLook[3][32] = {};
+    for (INT_PTR e = 0, n = events.GetSize(); e < n; ++e) {
+        const CHyDate& ev = events[e];
+        const int slot = slots.SlotOf(ev);
+        if (slot < 0 || ev.day < 1 || ev.day > 31)
+            continue;
+        const int look = ev.flags >= 0 && ev.flags < kEventLooks ? ev.flags : 0;
+        unsigned char& mark = eventLook[slot][ev.day];
+        if (mark == 0 || look != 0)
+            mark = (unsigned char)(look + 1);
+    }
+    const bool others = (hyAttributes & HYDPA_OTHER_MONTHS) != 0;
+    const bool haveToday = (hyAttributes & HYDPA_TODAY_MARK) != 0;
+
+    // Every cell's date, whether its number is drawn and whether it carries marks.
+    struct CellInfo
+    {
+        CHyDate date;
+        bool shown, own, marked;
+    };
+    CellInfo cells[CHyCalMonth::CellCount];
+    int highlightCell = -1;
+    for (int cell = 0; cell < CHyCalMonth::CellCount; ++cell) {
+        CellInfo& c = cells[cell];
+        // The empty cells of September 1752 stay empty.
+        c.shown = CellDate(cal, slots.month, slots.year, cell, c.date, c.own) && (c.own || others);
+        c.marked = c.shown && slots.Marked(c.own, c.date);
+        if (c.marked && highlightCell < 0 && (flags & HYDP_HIGHLIGHT) && c.date == highlight)
+            highlightCell = cell;
+    }
+    // With whole-week highlighting the selected day's row is the week.
+    const int highlightRow = highlightCell >= 0 && kit.wholeWeek ? highlightCell / 7 : -1;
+
+    CDCSelect font(*pDC, kit.dayFont);
+    const UINT oldAlign = ::SetTextAlign(hdc, TA_LEFT | TA_TOP | TA_NOUPDATECP);
+    const int s = MarkSize(dayWidth, dayHeight);
+    for (int row = firstRow; row <= lastRow; ++row) {
+        const RECT rowRect = { grid.left, grid.top + row * h, grid.left + 7 * dayWidth, grid.top + (row + 1) * h };
+        const CellInfo* rowCells = cells + row * 7;
+
+        // Fills first: the selection and the drop target.
+        if (row == highlightRow)
+            Fill(hdc, rowRect, kit.selFill);
+        for (int col = 0; col < 7; ++col) {
+            const int cell = row * 7 + col;
+            const CellInfo& c = rowCells[col];
+            if (cell == highlightCell && highlightRow < 0)
+                Fill(hdc, CellRect(grid, dayWidth, dayHeight, cell), kit.selFill);
+            else if (c.marked && dropDate.year != -1 && c.date == dropDate && row != highlightRow)
+                Fill(hdc, CellRect(grid, dayWidth, dayHeight, cell), kit.dropFill);
+        }
+
+        // Numbers: one ExtTextOut per run of cells of one colour, each number
+        // centred in its cell through the advances (a call per cell costs
+        // more than the glyphs).
+        char text[14];
+        int advance[14];
+        int count = 0, runX = 0, runEnd = 0;
+        COLORREF runColour = CLR_INVALID;
+        const int y = rowRect.top + (h - kit.dayTextHeight) / 2;
+        auto flush = [&] {
+            if (count > 0)
+                ::ExtTextOutA(hdc, runX, y, ETO_CLIPPED, &rowRect, text, (UINT)count, advance);
+            count = 0;
+        };
+        for (int col = 0; col < 7; ++col) {
+            const CellInfo& c = rowCells[col];
+            if (!c.shown) {
+                flush();
+                continue;
+            }
+            const bool onSelection = row == highlightRow || row * 7 + col == highlightCell;
+            const COLORREF colour = c.own ? (onSelection ? kit.selText : kit.bodyText)
+                                          : (onSelection ? kit.selOtherText : kit.otherText);
+            if (colour != runColour) {
+                flush();
+                ::SetTextColor(hdc, colour);
+                runColour = colour;
+            }
+            const char* digits = kDayTexts.text[c.date.day];
+            const int length = kDayTexts.length[c.date.day];
+            int width = 0;
+            for (int i = 0; i < length; ++i)
+                width += kit.digitWidth[digits[i] - '0'];
+            const int x = grid.left + col * dayWidth + (dayWidth - width) / 2;
+            if (count == 0)
+                runX = x;
+            else
+                advance[count - 1] += x - runEnd;  // the gap up to this number
+            for (int i = 0; i < length; ++i) {
+                text[count] = digits[i];
+                advance[count++] = kit.digitWidth[digits[i] - '0'];
+            }
+            runEnd = x + width;
+        }
+        flush();
+
+        // Marks on top.
+        for (int col = 0; col < 7; ++col) {
+            const CellInfo& c = rowCells[col];
+            if (!c.marked)
+                continue;
+            const CRect r = CellRect(grid, dayWidth, dayHeight, row * 7 + col);
+            CRect inner = r;
+            inner.DeflateRect(2, 2);
+            if (const int look = eventLook[slots.SlotOf(c.date)][c.date.day])
+                DrawEventMark(hdc, inner, look - 1, s, kit.eventColour[look - 1]);
+            if (startDate.year != -1 && c.date == startDate)
+                DrawStartMark(hdc, inner, s, kit.startMark);
+            if (haveToday && c.date == kit.today) {
+                CRect frame = r;
+                frame.DeflateRect(1, 1);
+                Frame(hdc, frame, kit.todayFrame);
+            }
+            if (dropDate.year != -1 && c.date == dropDate)
+                Frame(hdc, r, kit.dropFrame);
+        }
+    }
+
+    // The focus ring surrounds the highlighted cell, one pixel outside it, so
+    // the today frame and the marks inside stay visible.
+    if (kit.focused && highlightCell >= 0) {
+        CRect ring = CellRect(grid, dayWidth, dayHeight, highlightCell);
+        ring.InflateRect(1, 1);
+        HYThemeDrawFocusMark(pDC, &ring, HYTHEME_FOCUS);
+    }
+    ::SetTextAlign(hdc, oldAlign);
+}
+
+// ---------------------------------------------------------------------------
+// Invalidation
+
+void CHyDatePicker::InvalidateDay(const CHyDate& date)
+{
+    if (GetSafeHwnd() == NULL || calendars == nullptr)
+        return;
+    for (int i = 0; i < calCount; ++i) {
+        const CHyCalMonth& cal = calendars[i];
+        int calMonth, calYear;
+        CalendarMonthOf(cal, calMonth, calYear);
+        HyCalParts parts;
+        bool haveParts = false;
+        for (int cell = 0; cell < CHyCalMonth::CellCount; ++cell) {
+            CHyDate d;
+            bool own;
+            if (!CellDate(cal, calMonth, calYear, cell, d, own) || d != date)
+                continue;
+            if (!haveParts) {
+                parts = GetCalRects(GetCalBounds(i));
+                haveParts = true;
+            }
+            CRect r = CellRect(parts.dayGrid, dayWidth, dayHeight, cell);
+            r.InflateRect(1, 1);  // with the focus ring
+            InvalidateRect(&r, FALSE);
+        }
+    }
+}

@@ -1,0 +1,251 @@
+// The "Select Date" dialog and HyDisplayHyDayPickerDlg, driven through the
+// dialog's real modal loop.
+#include <afxdisp.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+
+#include "HyCalMonth.h"
+#include "HyDateHelpers.h"
+#include "HyDatePicker.h"
+#include "HyDayPickerDlg.h"
+#include "HyOleDate.h"
+#include "HyUIRes.h"
+#include "hytest.h"
+
+namespace {
+
+double OleDate(int year, int month, int day)
+{
+    double date = 0;
+    EXPECT_TRUE(hy::DateToOleDate(year, month, day, date));
+    return date;
+}
+
+CHyDatePicker* PickerOf(HWND dialog)
+{
+    return static_cast<CHyDatePicker*>(CWnd::FromHandlePermanent(::GetDlgItem(dialog, IDC_DAY_PICKER_CALENDAR)));
+}
+
+// Client point of the middle of a day of the picker's own month.
+CPoint DayPoint(CHyDatePicker* picker, int day)
+{
+    const CHyCalMonth* cal = picker->GetCalendar(0);
+    const int cell = cal->FindCell(day, cal->month);
+    const HyCalParts parts = picker->GetCalRects(picker->GetCalBounds(0));
+    return CPoint(parts.dayGrid.left + (cell % 7) * picker->GetDayWidth() + picker->GetDayWidth() / 2,
+                  parts.dayGrid.top + (cell / 7) * picker->GetDayHeight() + picker->GetDayHeight() / 2);
+}
+
+INT_PTR RunDialog(CHyDayPickerDlg& dialog, const std::function<void(HWND)>& act)
+{
+    hytest::DialogDriver driver(act);
+    return dialog.DoModal();
+}
+
+void WarmUpDialogs()
+{
+    for (int round = 0; round < 2; ++round)
+    {
+        CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
+        RunDialog(dialog, [](HWND h) { ::PostMessage(h, WM_COMMAND, IDCANCEL, 0); });
+    }
+    AfxDeleteTempMaps();
+}
+
+class DayPickerDialogTest : public ::testing::Test
+{
+protected:
+    hytest::ObjectGuard guard{WarmUpDialogs};
+    void TearDown() override
+    {
+        hytest::PumpMessages();
+        AfxDeleteTempMaps();
+    }
+};
+
+TEST_F(DayPickerDialogTest, PickerTakesThePlaceholdersPlaceAndOpensOnTheDate)
+{
+    CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
+    CRect placeholder, pickerRect;
+    int cols = 0, rows = 0, y = 0, m = 0, d = 0;
+    RunDialog(dialog, [&](HWND h) {
+        HWND ph = ::GetDlgItem(h, IDC_DAY_PICKER_PLACEHOLDER);
+        ::GetWindowRect(ph, &placeholder);
+        CHyDatePicker* picker = PickerOf(h);
+        ASSERT_NE(picker, nullptr);
+        picker->GetWindowRect(&pickerRect);
+        picker->GetCalColRowCount(&cols, &rows);
+        picker->GetSelection(y, m, d);
+        EXPECT_EQ(picker->absCalWidth, placeholder.Width());
+        EXPECT_EQ(picker->absCalHeight, placeholder.Height());
+        EXPECT_FALSE(::IsWindowVisible(ph));
+        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(pickerRect, placeholder);
+    EXPECT_EQ(cols, 1);
+    EXPECT_EQ(rows, 1);
+    EXPECT_EQ(y, 2005);
+    EXPECT_EQ(m, 11);
+    EXPECT_EQ(d, 15);
+}
+
+TEST_F(DayPickerDialogTest, TabOrderIsOkCancelTodayThenThePicker)
+{
+    CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
+    RunDialog(dialog, [&](HWND h) {
+        HWND ok = ::GetDlgItem(h, IDOK), cancel = ::GetDlgItem(h, IDCANCEL);
+        HWND today = ::GetDlgItem(h, IDC_DAY_PICKER_TODAY), picker = ::GetDlgItem(h, IDC_DAY_PICKER_CALENDAR);
+        EXPECT_EQ(::GetNextDlgTabItem(h, ok, FALSE), cancel);
+        EXPECT_EQ(::GetNextDlgTabItem(h, cancel, FALSE), today);
+        EXPECT_EQ(::GetNextDlgTabItem(h, today, FALSE), picker);
+        EXPECT_EQ(::GetNextDlgTabItem(h, picker, FALSE), ok);
+        EXPECT_EQ(::GetFocus(), ok);
+        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+    });
+}
+
+TEST_F(DayPickerDialogTest, DoubleClickingADayConfirmsThatDay)
+{
+    CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
+    const INT_PTR result = RunDialog(dialog, [](HWND h) {
+        CHyDatePicker* picker = PickerOf(h);
+        const CPoint at = DayPoint(picker, 24);
+        hytest::DoubleClick(picker->m_hWnd, at.x, at.y);
+    });
+    EXPECT_EQ(result, IDOK);
+    int y, m, d;
+    dialog.GetSelectYearMonthDay(y, m, d);
+    EXPECT_EQ(y, 2005);
+    EXPECT_EQ(m, 11);
+    EXPECT_EQ(d, 24);
+}
+
+TEST_F(DayPickerDialogTest, DoubleClickingTheHeaderDoesNotConfirm)
+{
+    CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
+    bool stillOpen = false;
+    const INT_PTR result = RunDialog(dialog, [&](HWND h) {
+        CHyDatePicker* picker = PickerOf(h);
+        const HyCalParts parts = picker->GetCalRects(picker->GetCalBounds(0));
+        const CPoint arrow((parts.nextArrow.left + parts.nextArrow.right) / 2,
+                           (parts.nextArrow.top + parts.nextArrow.bottom) / 2);
+        hytest::DoubleClick(picker->m_hWnd, arrow.x, arrow.y);
+        stillOpen = ::IsWindowVisible(h) != FALSE;
+        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_TRUE(stillOpen);
+    EXPECT_EQ(result, IDCANCEL);
+}
+
+TEST_F(DayPickerDialogTest, TodaySelectsTodayAndKeepsTheDialogOpen)
+{
+    CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
+    const CTime now = CTime::GetCurrentTime();
+    int shownMonth = 0, shownYear = 0;
+    bool stillOpen = false;
+    const INT_PTR result = RunDialog(dialog, [&](HWND h) {
+        ::SendMessage(::GetDlgItem(h, IDC_DAY_PICKER_TODAY), BM_CLICK, 0, 0);
+        hytest::PumpMessages();
+        stillOpen = ::IsWindowVisible(h) != FALSE;
+        PickerOf(h)->GetDisplayMonth(&shownMonth, &shownYear);
+        ::PostMessage(h, WM_COMMAND, IDOK, 0);
+    });
+    EXPECT_TRUE(stillOpen);
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(shownMonth, now.GetMonth());
+    EXPECT_EQ(shownYear, now.GetYear());
+    int y, m, d;
+    dialog.GetSelectYearMonthDay(y, m, d);
+    EXPECT_EQ(y, now.GetYear());
+    EXPECT_EQ(m, now.GetMonth());
+    EXPECT_EQ(d, now.GetDay());
+}
+
+TEST_F(DayPickerDialogTest, CancelKeepsTheDayTakenFromTheInitialDate)
+{
+    CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
+    RunDialog(dialog, [](HWND h) {
+        CHyDatePicker* picker = PickerOf(h);
+        const CPoint at = DayPoint(picker, 3);
+        hytest::Click(picker->m_hWnd, at.x, at.y);
+        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+    });
+    int y, m, d;
+    dialog.GetSelectYearMonthDay(y, m, d);
+    EXPECT_EQ(d, 15);
+    EXPECT_EQ(m, 11);
+    EXPECT_EQ(y, 2005);
+}
+
+TEST_F(DayPickerDialogTest, MinusOneOpensOnTodayAndZeroOnTheOleEpoch)
+{
+    const COleDateTime now = COleDateTime::GetCurrentTime();
+    for (double start : {-1.0, 0.0})
+    {
+        CHyDayPickerDlg dialog(start);
+        RunDialog(dialog, [](HWND h) { ::PostMessage(h, WM_COMMAND, IDOK, 0); });
+        int y, m, d;
+        dialog.GetSelectYearMonthDay(y, m, d);
+        if (start == -1.0)
+        {
+            EXPECT_EQ(y, now.GetYear());
+            EXPECT_EQ(m, now.GetMonth());
+            EXPECT_EQ(d, now.GetDay());
+        }
+        else
+        {
+            EXPECT_EQ(y, 1899);
+            EXPECT_EQ(m, 12);
+            EXPECT_EQ(d, 30);
+        }
+    }
+}
+
+// ---- HyDisplayHyDayPickerDlg ----------------------------------------------------
+
+TEST_F(DayPickerDialogTest, ConfirmedDayReturnsAsAnOleDateAtMidnight)
+{
+    double date = OleDate(2005, 11, 15) + 0.75;   // 18:00
+    hytest::DialogDriver driver([](HWND h) {
+        CHyDatePicker* picker = PickerOf(h);
+        EXPECT_EQ(picker->GetMinYear(), 1970);
+        const CPoint at = DayPoint(picker, 20);
+        hytest::DoubleClick(picker->m_hWnd, at.x, at.y);
+    });
+    EXPECT_EQ(HyDisplayHyDayPickerDlg(date), 1);
+    EXPECT_EQ(date, OleDate(2005, 11, 20));
+}
+
+TEST_F(DayPickerDialogTest, CancelLeavesTheArgumentBitForBitUnchanged)
+{
+    const double original = 38671.123456789012;
+    double date = original;
+    hytest::DialogDriver driver([](HWND h) {
+        CHyDatePicker* picker = PickerOf(h);
+        const CPoint at = DayPoint(picker, 2);
+        hytest::Click(picker->m_hWnd, at.x, at.y);
+        ::SendMessage(::GetDlgItem(h, IDCANCEL), BM_CLICK, 0, 0);
+    });
+    EXPECT_EQ(HyDisplayHyDayPickerDlg(date), 0);
+    EXPECT_EQ(std::memcmp(&date, &original, sizeof date), 0);
+}
+
+TEST_F(DayPickerDialogTest, RepeatedRunsLeaveNoObjectsBehind)
+{
+    for (int i = 0; i < 20; ++i)
+    {
+        double date = OleDate(2005, 11, 15);
+        hytest::DialogDriver driver([i](HWND h) {
+            CHyDatePicker* picker = PickerOf(h);
+            const CPoint at = DayPoint(picker, 10 + i % 5);
+            hytest::DoubleClick(picker->m_hWnd, at.x, at.y);
+        });
+        EXPECT_EQ(HyDisplayHyDayPickerDlg(date), 1);
+    }
+    hytest::PumpMessages();
+    AfxDeleteTempMaps();
+}
+
+} // namespace

@@ -1,0 +1,550 @@
+// CHyEditDate: a real edit window in a month/day/year locale, driven by real
+// focus changes and keys; message boxes are recorded at the import boundary.
+#include <afxwin.h>
+#include <afxdisp.h>
+#include <gtest/gtest.h>
+#include "hytest.h"
+#include "../afx/afx_test_helpers.h"
+#include "HyEditDate.h"
+#include "HyDateHelpers.h"
+#include "HyIntlTime.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr UINT kFieldId = 100;
+
+std::string Text(const CWnd& w)
+{
+    CString s;
+    w.GetWindowText(s);
+    return std::string(s);
+}
+
+// The locale's short date of a day, as the field should show it.
+std::string ShortDate(int year, int month, int day)
+{
+    std::string text(HyGetDate(COleDateTime(year, month, day, 0, 0, 0).m_dt, 1));
+    if (text.empty())
+        ADD_FAILURE() << "no short date for " << year << "-" << month << "-" << day;
+    return text;
+}
+
+std::string HostString(UINT id)
+{
+    char buf[512] = "";
+    ::LoadStringA(::GetModuleHandleA("HyHost.dll"), id, buf, sizeof buf);
+    return buf;
+}
+
+// User-locale values changed for a scope and put back afterwards.
+class LocaleOverride
+{
+public:
+    bool Set(LCTYPE type, const char* value)
+    {
+        char old[128] = "";
+        ::GetLocaleInfoA(LOCALE_USER_DEFAULT, type, old, sizeof old);
+        m_saved.emplace_back(type, old);
+        return ::SetLocaleInfoA(LOCALE_USER_DEFAULT, type, value) != 0;
+    }
+    ~LocaleOverride()
+    {
+        for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it)
+            ::SetLocaleInfoA(LOCALE_USER_DEFAULT, it->first, it->second.c_str());
+    }
+
+private:
+    std::vector<std::pair<LCTYPE, std::string>> m_saved;
+};
+
+// The field inside a frame, beside a plain edit that can take the focus.
+struct FieldRig
+{
+    hytest::HostFrame frame;
+    CHyEditDate field;
+    CEdit other;
+
+    explicit FieldRig(DWORD style = ES_AUTOHSCROLL)
+    {
+        CWnd* parent = CWnd::FromHandle(frame);
+        EXPECT_TRUE(field.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | style, CRect(10, 10, 210, 34),
+                                 parent, kFieldId));
+        EXPECT_TRUE(other.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL,
+                                 CRect(10, 50, 210, 74), parent, kFieldId + 1));
+        ::ShowWindow(frame, SW_SHOW);
+        field.SetFocus();
+        hytest::PumpMessages();
+    }
+    ~FieldRig()
+    {
+        field.DestroyWindow();
+        other.DestroyWindow();
+        hytest::PumpMessages();
+    }
+    // Replaces the text as a user would: select everything and type.
+    void Retype(const char* text)
+    {
+        field.SetFocus();
+        field.SetSel(0, -1);
+        hytest::Char(field, '\b');
+        hytest::Type(field, text);
+    }
+    void LeaveField()
+    {
+        other.SetFocus();
+        hytest::PumpMessages();
+    }
+};
+
+void WarmUp()
+{
+    WarmUpStandardControls();
+    for (int round = 0; round < 2; ++round)
+    {
+        FieldRig rig;
+        rig.field.SetBlankString("None");
+        rig.Retype("1/2/03");
+        rig.LeaveField();
+        rig.field.SetFocus();
+        hytest::KeyPress(rig.field, VK_DELETE);
+        hytest::DoubleClick(rig.field, 5, 5);
+    }
+    AfxDeleteTempMaps();
+}
+
+class EditDateTest : public ::testing::Test
+{
+protected:
+    hytest::ObjectGuard guard{ WarmUp };
+    LocaleOverride locale;
+    hytest::MessageBoxRecorder boxes;
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(locale.Set(LOCALE_SSHORTDATE, "M/d/yyyy"));
+    }
+    void TearDown() override
+    {
+        hytest::PumpMessages();
+        AfxDeleteTempMaps();
+    }
+};
+
+// ---- reading what was typed -------------------------------------------------
+
+using EditDateTyping = EditDateTest;
+
+TEST_F(EditDateTyping, TwoDigitYearsPivotOnTheFirstValidYear)
+{
+    FieldRig rig;
+    rig.Retype("1/2/03");
+    rig.LeaveField();
+    EXPECT_EQ(2003, rig.field.Year());
+    EXPECT_EQ(1, rig.field.Month());
+    EXPECT_EQ(2, rig.field.Day());
+    EXPECT_EQ(ShortDate(2003, 1, 2), Text(rig.field));
+
+    rig.Retype("1/2/04");
+    rig.LeaveField();
+    EXPECT_EQ(1904, rig.field.Year());
+    EXPECT_EQ(ShortDate(1904, 1, 2), Text(rig.field));
+
+    // A later first valid year moves the pivot with it.
+    rig.field.SetMinYear(1950);
+    rig.Retype("1/2/49");
+    rig.LeaveField();
+    EXPECT_EQ(2049, rig.field.Year());
+}
+
+TEST_F(EditDateTyping, ParsableDateIsRewrittenInTheLocaleShortForm)
+{
+    FieldRig rig;
+    rig.Retype("03/05/03");
+    rig.LeaveField();
+    EXPECT_EQ(ShortDate(2003, 3, 5), Text(rig.field));
+    EXPECT_EQ("3/5/2003", Text(rig.field));   // the locale's picture, read back
+
+    // Day and month alone: this year.
+    rig.Retype("12/24");
+    rig.LeaveField();
+    EXPECT_EQ(ShortDate(CTime::GetCurrentTime().GetYear(), 12, 24), Text(rig.field));
+    EXPECT_TRUE(boxes.Calls().empty());
+}
+
+TEST_F(EditDateTyping, ImpossibleOrOutOfRangeDateStaysAsTyped)
+{
+    FieldRig rig;
+    rig.Retype("2/31/2005");
+    rig.LeaveField();
+    EXPECT_EQ("2/31/2005", Text(rig.field));
+    EXPECT_EQ(-1, rig.field.Year());
+    EXPECT_EQ(-1.0, rig.field.GetDate());
+
+    rig.Retype("7/4/1850");              // read as 3750 by the century rule: out of range
+    rig.LeaveField();
+    EXPECT_EQ("7/4/1850", Text(rig.field));
+    EXPECT_EQ(3750, rig.field.Year());
+    EXPECT_EQ(0, rig.field.IsValidDate());
+
+    rig.Retype("31.12.2005");   // not this locale's separator
+    rig.LeaveField();
+    EXPECT_EQ("31.12.2005", Text(rig.field));
+    EXPECT_TRUE(boxes.Calls().empty());   // focus loss never complains
+}
+
+TEST_F(EditDateTyping, LeapDayFollowsTheOldRuleBefore1753)
+{
+    FieldRig rig;
+    rig.field.SetMinYear(1900);
+    rig.Retype("2/29/00");             // 1900: not a leap year
+    rig.LeaveField();
+    EXPECT_EQ(1900, rig.field.Year());
+    EXPECT_EQ(0, rig.field.IsValidDate());
+    EXPECT_EQ("2/29/00", Text(rig.field));
+
+    rig.field.SetMinYear(1904);
+    rig.Retype("2/29/00");             // now 2000, a leap year
+    rig.LeaveField();
+    EXPECT_EQ(1, rig.field.IsValidDate());
+    EXPECT_EQ(ShortDate(2000, 2, 29), Text(rig.field));
+
+    rig.field.SetMinYear(1700);
+    rig.field.SetDate(1700, 2, 29);    // every fourth year up to 1752
+    EXPECT_EQ(1700, rig.field.Year());
+    EXPECT_EQ(1, rig.field.IsValidDate());
+    // Typed, a year below 1900 takes the century rule too: 1700 reads as 3600.
+    rig.Retype("2/29/1700");
+    ASSERT_EQ(1, rig.field.ReadFormat());
+    EXPECT_EQ(3600, rig.field.Year());
+    EXPECT_EQ(0, rig.field.IsValidDate());
+}
+
+// ---- the blank text ----------------------------------------------------------
+
+using EditDateBlank = EditDateTest;
+
+TEST_F(EditDateBlank, OnlyTheExactBlankTextIsBlank)
+{
+    FieldRig rig;
+    EXPECT_EQ(1, rig.field.IsBlank());   // no blank text: the empty field is blank
+    rig.field.SetBlankString("None");
+    rig.field.SetWindowText("None");
+    EXPECT_EQ(1, rig.field.IsBlank());
+    rig.field.SetWindowText("");
+    EXPECT_EQ(0, rig.field.IsBlank());
+    rig.field.SetWindowText("none");
+    EXPECT_EQ(0, rig.field.IsBlank());
+    rig.field.SetWindowText("None ");
+    EXPECT_EQ(0, rig.field.IsBlank());
+
+    // A blank field parses to "no date".
+    rig.field.SetWindowText("None");
+    EXPECT_EQ(1, rig.field.ReadFormat());
+    EXPECT_EQ(-1, rig.field.Year());
+    EXPECT_EQ(-1, rig.field.Month());
+    EXPECT_EQ(-1, rig.field.Day());
+}
+
+TEST_F(EditDateBlank, EmptiedFieldShowsTheBlankTextOnFocusLoss)
+{
+    FieldRig rig;
+    rig.field.SetBlankString("None");
+    rig.field.SetWindowText("");
+    rig.LeaveField();
+    EXPECT_EQ("None", Text(rig.field));
+
+    // allowBlank keeps it empty.
+    rig.field.AllowBlank(1);
+    rig.field.SetWindowText("");
+    rig.LeaveField();
+    EXPECT_EQ("", Text(rig.field));
+}
+
+TEST_F(EditDateBlank, EmptyFieldWithoutBlankTextStaysEmptyWithoutComplaint)
+{
+    FieldRig rig;
+    rig.field.SetDate(2005, 3, 5);
+    rig.field.SetWindowText("");
+    rig.LeaveField();
+    EXPECT_EQ("", Text(rig.field));
+    EXPECT_EQ(-1, rig.field.Year());
+    EXPECT_TRUE(boxes.Calls().empty());
+}
+
+TEST_F(EditDateBlank, DeletingOrErasingEverythingShowsTheBlankTextReadyToBeReplaced)
+{
+    FieldRig rig;
+    rig.field.SetBlankString("None");
+    rig.field.SetWindowText("5");
+    rig.field.SetSel(0, 0);
+    hytest::KeyPress(rig.field, VK_DELETE);
+    EXPECT_EQ("None", Text(rig.field));
+    hytest::Type(rig.field, "7");      // the blank text was selected
+    EXPECT_EQ("7", Text(rig.field));
+
+    hytest::Char(rig.field, '\b');
+    EXPECT_EQ("None", Text(rig.field));
+
+    // Delete that leaves text behind changes nothing else.
+    rig.field.SetWindowText("12");
+    rig.field.SetSel(0, 0);
+    hytest::KeyPress(rig.field, VK_DELETE);
+    EXPECT_EQ("2", Text(rig.field));
+}
+
+// ---- writing the parts and restoring the last date ---------------------------
+
+using EditDateWrite = EditDateTest;
+
+TEST_F(EditDateWrite, InvalidDateRestoresTheLastTimeAndTellsTheParent)
+{
+    FieldRig rig;
+    const CTime last(2004, 6, 15, 12, 0, 0);
+    rig.field.SetDate((long)last.GetTime());
+    EXPECT_EQ(ShortDate(2004, 6, 15), Text(rig.field));
+
+    rig.field.SetWindowText("7/4/1850");
+    ASSERT_EQ(1, rig.field.ReadFormat());
+    rig.frame.Clear();
+    EXPECT_EQ(0, rig.field.WriteFormat(1));
+
+    ASSERT_EQ(1, boxes.Count());
+    EXPECT_EQ(UINT(MB_ICONEXCLAMATION), boxes.Calls()[0].type & MB_ICONMASK);
+    EXPECT_FALSE(HostString(283).empty());
+    EXPECT_EQ(HostString(283), boxes.Calls()[0].text);
+
+    EXPECT_EQ(ShortDate(2004, 6, 15), Text(rig.field));
+    const hytest::Msg* restored = rig.frame.Last(HYWM_DATEEDIT_RESTORED);
+    ASSERT_NE(nullptr, restored);
+    EXPECT_TRUE(restored->sent);
+    EXPECT_EQ((LPARAM)last.GetTime(), restored->lParam);
+    int start = -1, end = -1;
+    rig.field.GetSel(start, end);
+    EXPECT_EQ(0, start);
+    EXPECT_EQ(rig.field.GetWindowTextLength(), end);
+}
+
+TEST_F(EditDateWrite, WithoutALastTimeTodayIsRestored)
+{
+    FieldRig rig;
+    const __time64_t before = CTime::GetCurrentTime().GetTime();
+    rig.field.SetWindowText("x");
+    rig.field.SetDate(2005, 2, 30);   // parts given, but no such day
+    const __time64_t after = CTime::GetCurrentTime().GetTime();
+
+    EXPECT_EQ(1, boxes.Count());
+    EXPECT_EQ(std::string(CIntlTime().FormatDate(HYINTL_SHORTDATE)), Text(rig.field));
+    const hytest::Msg* restored = rig.frame.Last(HYWM_DATEEDIT_RESTORED);
+    ASSERT_NE(nullptr, restored);
+    EXPECT_GE(restored->lParam, (LPARAM)before);
+    EXPECT_LE(restored->lParam, (LPARAM)after);
+}
+
+TEST_F(EditDateWrite, NoRestoreForABlankFieldOrWhenNotAsked)
+{
+    FieldRig rig;
+    rig.field.SetBlankString("None");
+    rig.field.SetWindowText("None");
+    rig.field.ReadFormat();
+    EXPECT_EQ(1, rig.field.WriteFormat(1));
+    EXPECT_EQ("None", Text(rig.field));
+
+    rig.field.SetWindowText("7/4/1850");
+    rig.field.ReadFormat();
+    EXPECT_EQ(1, rig.field.WriteFormat(0));
+    EXPECT_EQ("7/4/1850", Text(rig.field));
+    EXPECT_EQ(0, boxes.Count());
+    EXPECT_EQ(0u, rig.frame.Count(HYWM_DATEEDIT_RESTORED));
+}
+
+TEST_F(EditDateWrite, MissingPartsComeFromToday)
+{
+    FieldRig rig;
+    rig.field.SetWindowText("x");
+    const CTime today = CTime::GetCurrentTime();
+    ASSERT_EQ(0, rig.field.ReadFormat());   // all parts -1
+    EXPECT_EQ(1, rig.field.WriteFormat(0));
+    EXPECT_EQ(today.GetYear(), rig.field.Year());
+    EXPECT_EQ(today.GetMonth(), rig.field.Month());
+    EXPECT_EQ(today.GetDay(), rig.field.Day());
+    EXPECT_EQ(ShortDate(today.GetYear(), today.GetMonth(), today.GetDay()), Text(rig.field));
+}
+
+// ---- setting and getting the date --------------------------------------------
+
+using EditDateValue = EditDateTest;
+
+TEST_F(EditDateValue, GetDateIsOneOClockOfTheDay)
+{
+    FieldRig rig;
+    rig.field.SetDate(2005, 1, 1);
+    EXPECT_EQ(ShortDate(2005, 1, 1), Text(rig.field));
+    EXPECT_EQ(COleDateTime(2005, 1, 1, 1, 0, 0).m_dt, rig.field.GetDate());
+    EXPECT_EQ("1", std::string(rig.field.GetDay()));
+}
+
+TEST_F(EditDateValue, ImpossibleMonthOrDayChangesNothing)
+{
+    FieldRig rig;
+    rig.field.SetDate(2005, 1, 1);
+    const std::string before = Text(rig.field);
+    rig.field.SetDate(2005, 13, 1);
+    rig.field.SetDate(2005, 0, 1);
+    rig.field.SetDate(2005, 1, 32);
+    rig.field.SetDate(2005, 1, 0);
+    EXPECT_EQ(before, Text(rig.field));
+    EXPECT_EQ(2005, rig.field.Year());
+    EXPECT_EQ(1, rig.field.Month());
+    EXPECT_EQ(1, rig.field.Day());
+    EXPECT_EQ(0, boxes.Count());
+}
+
+TEST_F(EditDateValue, TimeAndOleSettersShowTheLocalDay)
+{
+    FieldRig rig;
+    rig.field.SetDate((long)CTime(2010, 11, 30, 23, 30, 0).GetTime());
+    EXPECT_EQ(ShortDate(2010, 11, 30), Text(rig.field));
+    rig.field.SetDate(COleDateTime(2011, 7, 9, 18, 0, 0).m_dt);
+    EXPECT_EQ(ShortDate(2011, 7, 9), Text(rig.field));
+    EXPECT_EQ(COleDateTime(2011, 7, 9, 1, 0, 0).m_dt, rig.field.GetDate());
+
+    // No date: the blank text.
+    rig.field.SetBlankString("None");
+    rig.field.SetDate(-1.0);
+    EXPECT_EQ("None", Text(rig.field));
+    EXPECT_EQ(-1.0, rig.field.GetDate());
+    rig.field.SetDate(2005, 1, 1);
+    rig.field.SetDate(-1L);
+    EXPECT_EQ("None", Text(rig.field));
+    EXPECT_EQ(0, boxes.Count());
+}
+
+TEST_F(EditDateValue, OleSetterRemembersTheDateToRestore)
+{
+    FieldRig rig;
+    rig.field.SetDate(COleDateTime(2012, 8, 20, 0, 0, 0).m_dt);
+    rig.field.SetDate(1850, 1, 1);    // out of range: back to 20 August 2012
+    EXPECT_EQ(1, boxes.Count());
+    EXPECT_EQ(ShortDate(2012, 8, 20), Text(rig.field));
+    const hytest::Msg* restored = rig.frame.Last(HYWM_DATEEDIT_RESTORED);
+    ASSERT_NE(nullptr, restored);
+    EXPECT_EQ((LPARAM)CTime(2012, 8, 20, 0, 0, 0).GetTime(), restored->lParam);
+}
+
+TEST_F(EditDateValue, SetEditShowsADateOutsideTheRangeWithoutComplaint)
+{
+    FieldRig rig;
+    rig.field.SetEdit(COleDateTime(2040, 7, 4, 0, 0, 0).m_dt);
+    EXPECT_EQ(ShortDate(2040, 7, 4), Text(rig.field));
+    EXPECT_EQ(2040, rig.field.Year());
+    EXPECT_EQ(0, rig.field.IsValidDate());
+    EXPECT_EQ(0, boxes.Count());
+}
+
+TEST_F(EditDateValue, DateEnteredReadsTheTextInEachForm)
+{
+    FieldRig rig;
+    rig.Retype("3/5/2005");   // still focused: nothing rewritten yet
+    int y = 0, m = 0, d = 0;
+    ASSERT_EQ(1, rig.field.GetDateEntered(y, m, d));
+    EXPECT_EQ(2005, y);
+    EXPECT_EQ(3, m);
+    EXPECT_EQ(5, d);
+    long t = 0;
+    ASSERT_EQ(1, rig.field.GetDateEntered(t));
+    EXPECT_EQ((long)CTime(2005, 3, 5, 1, 0, 0).GetTime(), t);
+    double ole = 0;
+    ASSERT_EQ(1, rig.field.GetDateEntered(ole));
+    EXPECT_EQ(COleDateTime(2005, 3, 5, 1, 0, 0).m_dt, ole);
+
+    rig.Retype("2/30/2005");
+    EXPECT_EQ(0, rig.field.GetDateEntered(y, m, d));
+    EXPECT_EQ(-1, y);
+    EXPECT_EQ(0, rig.field.GetDateEntered(t));
+    EXPECT_EQ(-1, t);
+    EXPECT_EQ(0, rig.field.GetDateEntered(ole));
+    EXPECT_EQ(-1.0, ole);
+    EXPECT_EQ("2/30/2005", Text(rig.field));   // reading changes no text
+
+    // Valid for the field, but before any time_t.
+    rig.Retype("6/1/1960");
+    EXPECT_EQ(1, rig.field.GetDateEntered(ole));
+    EXPECT_EQ(0, rig.field.GetDateEntered(t));
+}
+
+// ---- keys ----------------------------------------------------------------------
+
+using EditDateKeys = EditDateTest;
+
+TEST_F(EditDateKeys, ParentAnsweringTheKeyMessageConsumesTheKey)
+{
+    FieldRig rig;
+    rig.field.SetWindowText("12");
+    rig.frame.OnMessage(HYWM_DATEEDIT_KEYDOWN,
+                        [](HWND, WPARAM, LPARAM) -> LRESULT { return HYWM_DATEEDIT_KEYDOWN; });
+    rig.field.SetSel(0, 0);
+    hytest::KeyPress(rig.field, VK_DELETE);
+    EXPECT_EQ("12", Text(rig.field));
+    const hytest::Msg* down = rig.frame.Last(HYWM_DATEEDIT_KEYDOWN);
+    ASSERT_NE(nullptr, down);
+    EXPECT_TRUE(down->sent);
+    EXPECT_EQ(WPARAM(VK_DELETE), down->wParam);
+    const hytest::Msg* up = rig.frame.Last(HYWM_DATEEDIT_KEYUP);
+    ASSERT_NE(nullptr, up);
+    EXPECT_EQ(WPARAM(VK_DELETE), up->wParam);
+    EXPECT_GT(up->seq, down->seq);
+
+    // Any other answer leaves the key to the field.
+    rig.frame.OnMessage(HYWM_DATEEDIT_KEYDOWN, [](HWND, WPARAM, LPARAM) -> LRESULT { return 1; });
+    hytest::KeyPress(rig.field, VK_DELETE);
+    EXPECT_EQ("2", Text(rig.field));
+    rig.frame.OnMessage(HYWM_DATEEDIT_KEYDOWN, {});
+    hytest::KeyPress(rig.field, VK_END);
+    hytest::Type(rig.field, "3");
+    EXPECT_EQ("23", Text(rig.field));
+}
+
+TEST_F(EditDateKeys, EnterIsSwallowed)
+{
+    // A multi-line edit that wants Enter would insert a line break.
+    FieldRig rig(ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL);
+    rig.field.SetWindowText("3/5/2005");
+    rig.field.SetSel(8, 8);
+    hytest::KeyPress(rig.field, VK_RETURN);
+    EXPECT_EQ("3/5/2005", Text(rig.field));
+    EXPECT_EQ(1, rig.field.GetLineCount());
+}
+
+TEST_F(EditDateKeys, DoubleClickSelectsTheWholeText)
+{
+    FieldRig rig;
+    rig.field.SetWindowText("3/5/2005 x");
+    hytest::DoubleClick(rig.field, 4, 8);
+    int start = -1, end = -1;
+    rig.field.GetSel(start, end);
+    EXPECT_EQ(0, start);
+    EXPECT_EQ(10, end);
+}
+
+// ---- objects -------------------------------------------------------------------
+
+TEST_F(EditDateTest, HundredCreateDestroyCyclesLeaveNoObjects)
+{
+    hytest::ObjectGuard cycles;
+    for (int i = 0; i < 100; ++i)
+    {
+        FieldRig rig;
+        rig.field.SetBlankString("None");
+        rig.Retype(i % 2 ? "1/2/03" : "2/31/2005");
+        rig.LeaveField();
+        rig.field.SetDate(2005, 1, 1);
+    }
+    AfxDeleteTempMaps();
+    cycles.Check("100 date fields");
+}
+
+} // namespace

@@ -1,0 +1,480 @@
+// What the date picker tells its parent and its notify window, in order, for
+// the user's clicks, drags, double-clicks, keys and menu choices.
+#include "picker_fixture.h"
+
+#include <afxdisp.h>
+#include <string>
+#include <vector>
+
+using hytest::Expect;
+
+// ---- clicks and drags --------------------------------------------------------
+
+TEST_F(PickerTest, ClickOnADayReportsItAtTheButtonUpOnly)
+{
+    Create();
+    const CPoint at = DayPoint(2005, 11, 20);
+    hytest::MouseDown(picker, at.x, at.y);
+    ExpectHighlight(2005, 11, 20);
+    EXPECT_TRUE(notify.Matches({}));
+    hytest::MouseUp(picker, at.x, at.y);
+    EXPECT_TRUE(notify.Matches({Sel(2005, 11, 20)}));
+    EXPECT_TRUE(parent.Matches({}));
+}
+
+TEST_F(PickerTest, WithoutANotifyWindowTheParentIsTold)
+{
+    Create(3, 1, 11, 2005, false);
+    const CPoint at = DayPoint(2005, 12, 3);
+    hytest::Click(picker, at.x, at.y);
+    EXPECT_TRUE(parent.Matches({Sel(2005, 12, 3)}));
+}
+
+TEST_F(PickerTest, NeighbouringDayIsReportedAtButtonDownAndAgainAtButtonUp)
+{
+    Create();
+    // 2 December shown greyed in November's grid: December is already shown.
+    const CPoint at = DayPoint(2005, 12, 2, 0);
+    hytest::Click(picker, at.x, at.y);
+    EXPECT_TRUE(notify.Matches({Sel(2005, 12, 2), Sel(2005, 12, 2)}));
+    ExpectDisplay(11, 2005);
+}
+
+TEST_F(PickerTest, DayAfterTheLastCalendarMovesTheDisplayOneMonth)
+{
+    Create();
+    const CPoint at = DayPoint(2006, 2, 1, 2);   // greyed in January 2006
+    hytest::Click(picker, at.x, at.y);
+    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2006, 2, 1), Sel(2006, 2, 1)}));
+    ExpectDisplay(12, 2005);
+    ExpectHighlight(2006, 2, 1);
+}
+
+TEST_F(PickerTest, DayBeforeTheFirstCalendarMakesItsMonthTheFirst)
+{
+    Create();
+    const CPoint at = DayPoint(2005, 10, 31, 0);
+    hytest::Click(picker, at.x, at.y);
+    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2005, 10, 31), Sel(2005, 10, 31)}));
+    ExpectDisplay(10, 2005);
+}
+
+TEST_F(PickerTest, NeighbouringDayOutsideTheYearLimitsBeeps)
+{
+    Create(3, 1, 1, 1970);
+    hytest::BeepRecorder beeps;
+    const CPoint at = DayPoint(1969, 12, 31, 0);
+    hytest::MouseDown(picker, at.x, at.y);
+    EXPECT_EQ(beeps.Count(), 1);
+    ExpectDisplay(1, 1970);
+    // The highlight did not move, so the report carries the old day.
+    EXPECT_TRUE(notify.Matches({Sel(1970, 1, 15)}));
+    hytest::MouseUp(picker, at.x, at.y);
+}
+
+TEST_F(PickerTest, DragFollowsTheMouseAndSnapsBackBeyondFortyPixels)
+{
+    Create();
+    const CPoint a = DayPoint(2005, 11, 16), b = DayPoint(2005, 11, 17), c = DayPoint(2005, 11, 18);
+    hytest::MouseDown(picker, a.x, a.y);
+    hytest::MouseMove(picker, b.x, b.y);
+    hytest::MouseMove(picker, c.x, c.y);
+    CRect client;
+    picker.GetClientRect(&client);
+    hytest::MouseMove(picker, c.x, client.bottom + 30);   // still within 40 pixels: nearest day
+    hytest::MouseMove(picker, c.x, client.bottom + 60);   // beyond: back to the day of the button-down
+    hytest::MouseUp(picker, c.x, client.bottom + 60);
+    EXPECT_TRUE(notify.Matches({Sel(2005, 11, 17), Sel(2005, 11, 18), Sel(2005, 11, 30), Sel(2005, 11, 15)}));
+    ExpectHighlight(2005, 11, 15);
+    EXPECT_EQ(::GetCapture(), nullptr);
+}
+
+TEST_F(PickerTest, DoubleClickOnADayPostsChosenToTheParentBetweenTheReports)
+{
+    Create(3, 1, 11, 2005, false);
+    const CPoint at = DayPoint(2005, 11, 22);
+    hytest::DoubleClick(picker, at.x, at.y);
+    EXPECT_TRUE(parent.Matches({Sel(2005, 11, 22), Chosen(HYPART_DAY_GRID), Sel(2005, 11, 22)}));
+}
+
+TEST_F(PickerTest, DoubleClickOnAGreyedDayDoesNotConfirm)
+{
+    Create();
+    const CPoint at = DayPoint(2005, 12, 1, 0);
+    hytest::DoubleClick(picker, at.x, at.y);
+    EXPECT_EQ(parent.Count(HYWM_DATEPICKER_CHOSEN), 0u);
+}
+
+TEST_F(PickerTest, DoubleClickOnTheHeaderDoesNotConfirm)
+{
+    Create();
+    const CPoint at = Centre(Parts(1).prevArrow);   // only header: not the first column
+    hytest::DoubleClick(picker, at.x, at.y);
+    EXPECT_EQ(parent.Count(HYWM_DATEPICKER_CHOSEN), 0u);
+}
+
+// ---- header arrows and captions ---------------------------------------------
+
+TEST_F(PickerTest, NextArrowMovesTheMonthsAtTheButtonUp)
+{
+    Create();
+    const CPoint at = Centre(Parts(2).nextArrow);
+    hytest::MouseDown(picker, at.x, at.y);
+    ExpectDisplay(11, 2005);
+    hytest::MouseUp(picker, at.x, at.y);
+    ExpectDisplay(12, 2005);
+    // The highlight keeps its calendar and its day number.
+    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2005, 12, 15)}));
+}
+
+TEST_F(PickerTest, PreviousArrowStepsBackOneMonth)
+{
+    Create();
+    const CPoint at = Centre(Parts(0).prevArrow);
+    hytest::Click(picker, at.x, at.y);
+    ExpectDisplay(10, 2005);
+    // November is still shown (now second), so the highlight stays on it.
+    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2005, 11, 15)}));
+}
+
+TEST_F(PickerTest, NextArrowOfACalendarNotInTheLastColumnDoesNothing)
+{
+    Create();
+    EXPECT_EQ(picker.PtToFocus(0, Centre(Parts(0).nextArrow)), HYPART_HEADER);
+    const CPoint at = Centre(Parts(0).nextArrow);
+    hytest::Click(picker, at.x, at.y);
+    ExpectDisplay(11, 2005);
+    EXPECT_TRUE(notify.Matches({}));
+}
+
+TEST_F(PickerTest, NextArrowBeyondTheLastYearBeeps)
+{
+    Create(3, 1, 10, 2031);
+    hytest::BeepRecorder beeps;
+    const CPoint at = Centre(Parts(2).nextArrow);
+    hytest::Click(picker, at.x, at.y);
+    EXPECT_EQ(beeps.Count(), 1);
+    ExpectDisplay(10, 2031);
+    EXPECT_TRUE(notify.Matches({}));
+}
+
+TEST_F(PickerTest, MonthCaptionSelectsItsMonthAndPostsChosenWithoutAMenu)
+{
+    Create();
+    hytest::PopupMenuRecorder menus;
+    const CPoint at = Centre(Parts(1).monthCaption);
+    hytest::Click(picker, at.x, at.y);
+    EXPECT_EQ(menus.Count(), 0);
+    ExpectHighlight(2005, 12, 15);
+    EXPECT_TRUE(notify.Matches({Sel(2005, 12, 15)}));
+    EXPECT_TRUE(parent.Matches({{HYWM_DATEPICKER_CHOSEN, 0x30000, 0, hytest::kPosted}}));
+}
+
+TEST_F(PickerTest, YearCaptionSelectsItsMonthAndPostsChosen)
+{
+    Create();
+    const CPoint at = Centre(Parts(2).yearCaption);
+    hytest::Click(picker, at.x, at.y);
+    ExpectHighlight(2006, 1, 15);
+    EXPECT_TRUE(parent.Matches({Chosen(HYPART_YEAR_CAPTION)}));
+}
+
+// ---- menus ---------------------------------------------------------------------
+
+class PickerMenuTest : public PickerTest
+{
+protected:
+    void CreateWithMenus(int month, int year)
+    {
+        Create(3, 1, month, year);
+        picker.SetFlags(picker.GetFlags() & ~(HYDP_MONTH_SELECTS | HYDP_YEAR_SELECTS));
+    }
+};
+
+TEST_F(PickerMenuTest, MonthMenuListsNineMonthsAroundTheCalendarsOwn)
+{
+    CreateWithMenus(11, 2005);
+    hytest::PopupMenuRecorder menus;
+    menus.Choose(7);   // February 2006
+    const HyRect caption = Parts(1).monthCaption;
+    const CPoint at = Centre(caption);
+    hytest::Click(picker, at.x, at.y);
+    ASSERT_EQ(menus.Count(), 1);
+    const hytest::PopupMenuCall& call = menus.Calls()[0];
+    EXPECT_EQ(call.flags, 416u);
+    CPoint expected(caption.left, caption.bottom + 2);
+    picker.ClientToScreen(&expected);
+    EXPECT_EQ(call.x, expected.x);
+    EXPECT_EQ(call.y, expected.y);
+    ASSERT_EQ(call.items.size(), 9u);
+    for (UINT i = 0; i < 9; ++i)
+    {
+        EXPECT_EQ(call.items[i].id, i + 1);
+        EXPECT_EQ(call.items[i].checked(), i == 4) << i;   // December 2005, the calendar's own
+    }
+    EXPECT_EQ(call.items[0].text, (LPCTSTR)COleDateTime(2005, 8, 1, 0, 0, 0).Format(_T("%B %Y")));
+    // February 2006 is two months after the clicked December: the display moves by two.
+    ExpectDisplay(1, 2006);
+    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2006, 1, 15)}));
+}
+
+TEST_F(PickerMenuTest, MonthMenuOnTheFirstSelectableMonthsStillHasNineEntries)
+{
+    CreateWithMenus(1, 1970);
+    hytest::PopupMenuRecorder menus;
+    const CPoint at = Centre(Parts(0).monthCaption);
+    hytest::Click(picker, at.x, at.y);
+    ASSERT_EQ(menus.Count(), 1);
+    const auto& items = menus.Calls()[0].items;
+    ASSERT_EQ(items.size(), 9u);
+    for (UINT i = 0; i < 9; ++i)
+    {
+        EXPECT_EQ(items[i].id, i + 1);
+        EXPECT_EQ(items[i].text, (LPCTSTR)COleDateTime(1970, i + 1, 1, 0, 0, 0).Format(_T("%B %Y")));
+    }
+    EXPECT_TRUE(items[0].checked());
+    // Dismissed: nothing changes and nothing is reported.
+    ExpectDisplay(1, 1970);
+    EXPECT_TRUE(notify.Matches({}));
+}
+
+TEST_F(PickerMenuTest, YearMenuStepsByTwelveMonthsAndMovesByWholeYears)
+{
+    CreateWithMenus(11, 2005);
+    hytest::PopupMenuRecorder menus;
+    menus.Choose(9);   // 2009
+    const CPoint at = Centre(Parts(0).yearCaption);
+    hytest::Click(picker, at.x, at.y);
+    ASSERT_EQ(menus.Count(), 1);
+    const hytest::PopupMenuCall& call = menus.Calls()[0];
+    EXPECT_EQ(call.flags, 424u);
+    ASSERT_EQ(call.items.size(), 9u);
+    for (UINT i = 0; i < 9; ++i)
+    {
+        EXPECT_EQ(call.items[i].text, std::to_string(2001 + i));
+        EXPECT_EQ(call.items[i].checked(), i == 4);
+    }
+    ExpectDisplay(11, 2009);
+    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2009, 11, 15)}));
+}
+
+TEST_F(PickerMenuTest, YearMenuNearTheLastYearEndsOnIt)
+{
+    CreateWithMenus(3, 2030);
+    hytest::PopupMenuRecorder menus;
+    const CPoint at = Centre(Parts(2).yearCaption);   // May 2030, the last calendar
+    hytest::Click(picker, at.x, at.y);
+    ASSERT_EQ(menus.Count(), 1);
+    const auto& items = menus.Calls()[0].items;
+    ASSERT_EQ(items.size(), 9u);
+    EXPECT_EQ(items.back().text, "2031");
+    EXPECT_EQ(items.front().text, "2023");
+}
+
+// ---- keyboard ----------------------------------------------------------------
+
+struct KeyCase
+{
+    const char* name;
+    UINT vk;
+    unsigned mods;
+    int month, year;          // display afterwards
+    int hMonth, hDay, hYear;  // highlight afterwards
+    bool monthsChanged;
+};
+
+class PickerKeyTest : public PickerTest, public ::testing::WithParamInterface<KeyCase>
+{
+};
+
+TEST_P(PickerKeyTest, KeyMovesAndReports)
+{
+    const KeyCase& k = GetParam();
+    Create();
+    {
+        hytest::Modifiers mods(k.mods);
+        hytest::KeyDown(picker, k.vk);
+    }
+    hytest::KeyUp(picker, k.vk);
+    ExpectDisplay(k.month, k.year);
+    ExpectHighlight(k.hYear, k.hMonth, k.hDay);
+    if (k.monthsChanged)
+        EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(k.hYear, k.hMonth, k.hDay)}));
+    else
+        EXPECT_TRUE(notify.Matches({Sel(k.hYear, k.hMonth, k.hDay)}));
+    EXPECT_TRUE(parent.Matches({}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, PickerKeyTest,
+    ::testing::Values(KeyCase{"Left", VK_LEFT, 0, 11, 2005, 11, 14, 2005, false},
+                      KeyCase{"Right", VK_RIGHT, 0, 11, 2005, 11, 16, 2005, false},
+                      KeyCase{"Up", VK_UP, 0, 11, 2005, 11, 8, 2005, false},
+                      KeyCase{"Down", VK_DOWN, 0, 11, 2005, 11, 22, 2005, false},
+                      KeyCase{"PageDown", VK_NEXT, 0, 2, 2006, 2, 15, 2006, true},
+                      KeyCase{"PageUp", VK_PRIOR, 0, 8, 2005, 8, 15, 2005, true},
+                      KeyCase{"CtrlPageDown", VK_NEXT, hytest::kCtrl, 11, 2006, 11, 15, 2006, true},
+                      KeyCase{"CtrlPageUp", VK_PRIOR, hytest::kCtrl, 11, 2004, 11, 15, 2004, true},
+                      KeyCase{"Home", VK_HOME, 0, 1, 2005, 1, 15, 2005, true},
+                      // End: the last calendar shows December of its year (2006).
+                      KeyCase{"End", VK_END, 0, 10, 2006, 10, 15, 2006, true}),
+    [](const ::testing::TestParamInfo<KeyCase>& info) { return std::string(info.param.name); });
+
+TEST_F(PickerTest, ArrowIntoAMonthNotShownBringsItIntoViewFirst)
+{
+    Create();
+    picker.SetSelection(2006, 1, 31, 0);
+    Clear();
+    hytest::KeyPress(picker, VK_RIGHT);
+    ExpectDisplay(2, 2006);
+    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2006, 2, 1)}));
+}
+
+TEST_F(PickerTest, ArrowIntoTheMissingDaysOf1752FallsBackToTheFirst)
+{
+    Create(1, 1, 9, 1752);
+    picker.SetMinYear(1700);
+    picker.SetSelection(1752, 9, 2, 0);
+    Clear();
+    // Days are counted on the OLE calendar, which has a 3 September 1752; the
+    // month grid does not, so the highlight falls back to the 1st.
+    hytest::KeyPress(picker, VK_RIGHT);
+    ExpectHighlight(1752, 9, 1);
+}
+
+TEST_F(PickerTest, TabMovesToTheNextOrPreviousControlAndReportsNothing)
+{
+    Create();
+    hytest::KeyPress(picker, VK_TAB);
+    {
+        hytest::Modifiers shift(hytest::kShift);
+        hytest::KeyDown(picker, VK_TAB);
+    }
+    EXPECT_TRUE(parent.Matches({{WM_NEXTDLGCTL, 0, 0, hytest::kSent}, {WM_NEXTDLGCTL, 1, 0, hytest::kSent}}));
+    EXPECT_TRUE(notify.Matches({}));
+}
+
+struct RefusedKey
+{
+    const char* name;
+    UINT vk;
+    int month, year;   // display before
+    int hMonth, hDay, hYear;
+};
+
+class PickerRefusedKeyTest : public PickerTest, public ::testing::WithParamInterface<RefusedKey>
+{
+};
+
+TEST_P(PickerRefusedKeyTest, BeepsAndPostsNothing)
+{
+    const RefusedKey& k = GetParam();
+    Create(3, 1, k.month, k.year);
+    picker.SetSelection(k.hYear, k.hMonth, k.hDay, 0);
+    Clear();
+    hytest::BeepRecorder beeps;
+    hytest::KeyPress(picker, k.vk);
+    EXPECT_EQ(beeps.Count(), 1);
+    EXPECT_EQ(beeps.Types()[0], (UINT)-1);
+    ExpectDisplay(k.month, k.year);
+    ExpectHighlight(k.hYear, k.hMonth, k.hDay);
+    EXPECT_TRUE(notify.Matches({}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, PickerRefusedKeyTest,
+    ::testing::Values(RefusedKey{"PageUpBeforeTheFirstYear", VK_PRIOR, 2, 1970, 2, 15, 1970},
+                      RefusedKey{"PageDownAfterTheLastYear", VK_NEXT, 11, 2031, 11, 15, 2031},
+                      RefusedKey{"HomeOnJanuary", VK_HOME, 1, 2005, 1, 15, 2005},
+                      RefusedKey{"EndOnDecember", VK_END, 10, 2005, 10, 15, 2005},
+                      RefusedKey{"LeftBeforeTheFirstYear", VK_LEFT, 1, 1970, 1, 1, 1970},
+                      RefusedKey{"DownAfterTheLastYear", VK_DOWN, 11, 2031, 12, 28, 2031}),
+    [](const ::testing::TestParamInfo<RefusedKey>& info) { return std::string(info.param.name); });
+
+// ---- the selection message and the year limits ----------------------------------
+
+TEST_F(PickerTest, SelectionOutsideTheYearLimitsIsStoredButNotReported)
+{
+    Create();
+    picker.SetSelection(1969, 12, 31, 1);
+    picker.SetSelection(2032, 1, 1, 1);
+    hytest::PumpMessages();
+    ExpectHighlight(2032, 1, 1);
+    EXPECT_EQ(notify.Count(HYWM_DATEPICKER_SELCHANGE), 0u);
+    picker.SetSelection(2031, 12, 31, 1);
+    hytest::PumpMessages();
+    EXPECT_EQ(notify.Count(HYWM_DATEPICKER_SELCHANGE), 1u);
+}
+
+// ---- tooltips --------------------------------------------------------------------
+
+TEST_F(PickerTest, TooltipTextIsAskedOncePerDayFromTheNotifyWindow)
+{
+    Create();
+    std::vector<CHyDate> asked;
+    notify.OnMessage(HYWM_DATEPICKER_GETTIP, [&](HWND, WPARAM w, LPARAM l) -> LRESULT {
+        const CHyDate* date = reinterpret_cast<const CHyDate*>(w);
+        asked.push_back(*date);
+        *reinterpret_cast<CString*>(l) = _T("Dentist at 9");
+        return 0;
+    });
+    const CPoint a = DayPoint(2005, 11, 3), a2 = a + CPoint(2, 1), b = DayPoint(2005, 12, 1, 0);
+    hytest::MouseMove(picker, a.x, a.y);
+    hytest::MouseMove(picker, a2.x, a2.y);           // same day: not asked again
+    hytest::MouseMove(picker, b.x, b.y);             // a greyed day is asked too
+    const CPoint header = Centre(Parts(0).header);
+    hytest::MouseMove(picker, header.x, header.y);   // off the grid: forgotten
+    hytest::MouseMove(picker, a.x, a.y);
+    ASSERT_EQ(asked.size(), 3u);
+    EXPECT_TRUE(asked[0] == CHyDate(2005, 11, 3, 0));
+    EXPECT_TRUE(asked[1] == CHyDate(2005, 12, 1, 0));
+    EXPECT_TRUE(asked[2] == CHyDate(2005, 11, 3, 0));
+    EXPECT_EQ(notify.Messages()[0].msg, (UINT)HYWM_DATEPICKER_GETTIP);
+    EXPECT_TRUE(notify.Messages()[0].sent);
+    // The tip carries the host's text.
+    HWND tip = picker.tooltip.m_hWnd;
+    ASSERT_TRUE(::IsWindow(tip));
+    char text[64] = "";
+    TOOLINFOA ti{};
+    ti.cbSize = sizeof(ti);
+    ti.hwnd = picker.m_hWnd;
+    ti.uId = (UINT_PTR)picker.m_hWnd;
+    ti.uFlags = TTF_IDISHWND;
+    ti.lpszText = text;
+    ::SendMessageA(tip, TTM_GETTEXTA, sizeof(text), (LPARAM)&ti);
+    EXPECT_STREQ(text, "Dentist at 9");
+}
+
+TEST_F(PickerTest, MovesWithAButtonDownAskForNoTooltip)
+{
+    Create();
+    const CPoint a = DayPoint(2005, 11, 3);
+    hytest::MouseDown(picker, a.x, a.y);
+    hytest::MouseMove(picker, a.x + 1, a.y);
+    hytest::MouseUp(picker, a.x + 1, a.y);
+    EXPECT_EQ(notify.Count(HYWM_DATEPICKER_GETTIP), 0u);
+}
+
+// ---- drag source messages -----------------------------------------------------------
+
+TEST_F(PickerTest, DragSourceLearnsTheDayUnderThePoint)
+{
+    Create();
+    const CPoint at = DayPoint(2005, 12, 24);
+    CHyDate date(0, 0, 0, 0);
+    EXPECT_EQ(picker.SendMessage(HYWM_DATEPICKER_DRAGOVER, (WPARAM)&date, MAKELPARAM(at.x, at.y)), 1);
+    EXPECT_TRUE(date == CHyDate(2005, 12, 24, 0));
+    EXPECT_TRUE(picker.dropDate == CHyDate(2005, 12, 24, 0));
+    const CPoint header = Centre(Parts(0).header);
+    EXPECT_EQ(picker.SendMessage(HYWM_DATEPICKER_DRAGOVER, 0, MAKELPARAM(header.x, header.y)), 0);
+    EXPECT_EQ(picker.dropDate.year, -1);
+    const CPoint grey = DayPoint(2005, 10, 31, 0);
+    EXPECT_EQ(picker.SendMessage(HYWM_DATEPICKER_DROP, (WPARAM)&date, MAKELPARAM(grey.x, grey.y)), 1);
+    EXPECT_TRUE(date == CHyDate(2005, 10, 31, 0));
+    EXPECT_EQ(picker.dropDate.year, -1);
+    picker.SendMessage(HYWM_DATEPICKER_DRAGOVER, 0, MAKELPARAM(at.x, at.y));
+    EXPECT_EQ(picker.SendMessage(HYWM_DATEPICKER_DRAGEND, 0, 0), 0);
+    EXPECT_EQ(picker.dropDate.year, -1);
+    // None of it is a selection.
+    EXPECT_TRUE(notify.Matches({}));
+}
