@@ -5,6 +5,10 @@
 #                  (interactive with DISPLAY set, else it writes PNG pages)
 #   ./hy setup     only install what is missing
 #   ./hy build     setup + build both builds
+#   ./hy bench     setup, build the benchmarks, run them: the native ones
+#                  (Google Benchmark, callgrind) and, under Wine, the date
+#                  picker against the month calendar (docs/benchmarks.md);
+#                  further arguments go to bench_datepicker.exe
 set -euo pipefail
 root=$(cd "$(dirname "$0")" && pwd)
 build=${HY_BUILD_DIR:-$root/build}
@@ -35,6 +39,16 @@ configure_and_build() {
   cmake -S "$root" -B "$build/win" -G Ninja -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" >/dev/null
   cmake --build "$build/win" -j "$jobs"
+}
+
+# Only what the benchmarks need, in the same two trees.
+build_bench() {
+  cmake -S "$root" -B "$build/native" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+        -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang >/dev/null
+  cmake --build "$build/native" -j "$jobs" --target bench_calmonth calmonth_driver
+  cmake -S "$root" -B "$build/win" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" >/dev/null
+  cmake --build "$build/win" -j "$jobs" --target bench_datepicker
 }
 
 # One wineserver for the whole run, so each suite starts in about a second.
@@ -68,5 +82,15 @@ case "$cmd" in
     if [ -n "${DISPLAY:-}" ]; then export HY_WINE_DRIVER=x11; fi
     "$root/cmake/wine-run.sh" "$build/win/bin/HyGallery.exe" --out "$build/gallery" "${@:2}"
     ;;
-  *) echo "usage: ./hy [test|gallery|setup|build]" >&2; exit 2 ;;
+  bench)
+    setup; build_bench
+    start_wineserver
+    echo "== native benchmarks =="
+    "$build/native/bench/native/bench_calmonth" --benchmark_repetitions=10 \
+        --benchmark_report_aggregates_only=true
+    sh "$root/bench/native/callgrind_calmonth.sh" "$build/native"
+    echo "== date picker against the month calendar (Wine) =="
+    "$root/cmake/wine-run.sh" "$build/win/bin/bench_datepicker.exe" "${@:2}"
+    ;;
+  *) echo "usage: ./hy [test|gallery|setup|build|bench]" >&2; exit 2 ;;
 esac

@@ -1,0 +1,355 @@
+// bench_datepicker: the date picker (12 months, 4 x 3) against the month
+// calendar of the system's common controls showing 12 months in the same
+// rectangle, in one process. docs/benchmarks.md explains the figures.
+//
+//   bench_datepicker [--rounds N] [--reps N] [--warmup N] [--only ours|peer|floor]
+//
+// --only measures one subject alone, for a profiler (perf record under Wine).
+//
+// Each round measures every subject in turn (the order rotates from round to
+// round, so that drift of the machine spreads evenly), N repetitions each,
+// every repetition timed on its own with QueryPerformanceCounter. Exit code
+// 0 when every timed repetition painted and every step moved the day, 1
+// otherwise, 2 for a setup failure.
+#include <windows.h>
+#include <commctrl.h>
+#include <shlwapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "bench_stats.h"
+#include "bench_subjects.h"
+
+namespace {
+
+struct Options
+{
+    int rounds = 30;
+    int reps = 20;
+    int warmup = 3;
+    const char* only = nullptr;
+};
+
+bool ParseOptions(int argc, char** argv, Options& options)
+{
+    for (int i = 1; i < argc; ++i)
+    {
+        if (std::strcmp(argv[i], "--only") == 0 && i + 1 < argc)
+        {
+            options.only = argv[++i];
+            continue;
+        }
+        int* target = nullptr;
+        if (std::strcmp(argv[i], "--rounds") == 0)
+            target = &options.rounds;
+        else if (std::strcmp(argv[i], "--reps") == 0)
+            target = &options.reps;
+        else if (std::strcmp(argv[i], "--warmup") == 0)
+            target = &options.warmup;
+        if (target == nullptr || i + 1 >= argc || std::atoi(argv[i + 1]) < (target == &options.warmup ? 0 : 1))
+            return false;
+        *target = std::atoi(argv[++i]);
+    }
+    return true;
+}
+
+enum Figure
+{
+    kRepaint,
+    kStep,
+    kFigureCount
+};
+
+const char* const kFigureNames[kFigureCount] = { "full repaint", "arrow-key step" };
+
+// What one subject gave for one figure.
+struct Result
+{
+    std::vector<double> ms;
+    long paints = 0;
+    int unpainted = 0;   // timed repetitions without a WM_PAINT
+    int unmoved = 0;     // steps after which the highlight was not on the next day
+    int hidden = 0;      // batches in which the control was not fully visible
+};
+
+double Now()
+{
+    static LARGE_INTEGER frequency = [] {
+        LARGE_INTEGER f;
+        ::QueryPerformanceFrequency(&f);
+        return f;
+    }();
+    LARGE_INTEGER t;
+    ::QueryPerformanceCounter(&t);
+    return static_cast<double>(t.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
+}
+
+// Dispatches what the last repetition queued (notifications, timers) before
+// the next one is timed.
+void Pump()
+{
+    MSG msg;
+    while (::PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE))
+    {
+        ::TranslateMessage(&msg);
+        ::DispatchMessage(&msg);
+    }
+}
+
+// The whole client area can be drawn on: the clip box of a window DC covers
+// the client rectangle (within the window's own region, if it has one).
+bool FullyVisible(HWND hwnd)
+{
+    RECT expected;
+    ::GetClientRect(hwnd, &expected);
+    HRGN shape = ::CreateRectRgn(0, 0, 0, 0);
+    if (::GetWindowRgn(hwnd, shape) != ERROR)
+    {
+        RECT box;
+        ::GetRgnBox(shape, &box);
+        ::IntersectRect(&expected, &expected, &box);
+    }
+    ::DeleteObject(shape);
+    HDC dc = ::GetDC(hwnd);
+    RECT clip = {};
+    ::GetClipBox(dc, &clip);
+    ::ReleaseDC(hwnd, dc);
+    return ::EqualRect(&clip, &expected) != FALSE;
+}
+
+// Brings the subject to the top, focuses its control, puts the highlight on
+// the start day and lets everything pending paint.
+void Prepare(BenchSubject& subject, const BenchDays& days, Result& result)
+{
+    ::SetWindowPos(subject.Host(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    ::SetFocus(subject.Control());
+    subject.Restart(days.start);
+    ::RedrawWindow(subject.Host(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    Pump();
+    if (!FullyVisible(subject.Control()))
+        ++result.hidden;
+}
+
+void MeasureRepaint(BenchSubject& subject, int reps, Result* result)
+{
+    HWND control = subject.Control();
+    for (int i = 0; i < reps; ++i)
+    {
+        const long before = subject.Paints();
+        const double t0 = Now();
+        ::RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        const double t1 = Now();
+        const long painted = subject.Paints() - before;
+        Pump();
+        if (result == nullptr)
+            continue;
+        result->ms.push_back(t1 - t0);
+        result->paints += painted;
+        result->unpainted += painted == 0;
+    }
+}
+
+void MeasureStep(BenchSubject& subject, const BenchDays& days, int reps, Result* result)
+{
+    HWND control = subject.Control();
+    SYSTEMTIME day = days.start;
+    for (int i = 0; i < reps; ++i)
+    {
+        const SYSTEMTIME next = BenchAddDays(day, 1);
+        const long before = subject.Paints();
+        const double t0 = Now();
+        subject.Step(next);
+        ::UpdateWindow(control);
+        const double t1 = Now();
+        const long painted = subject.Paints() - before;
+        SYSTEMTIME now = {};
+        const bool moved = subject.GetHighlight(now) && BenchSameDay(now, next);
+        Pump();
+        day = next;
+        if (result == nullptr)
+            continue;
+        result->ms.push_back(t1 - t0);
+        result->paints += painted;
+        result->unpainted += painted == 0;
+        result->unmoved += !moved;
+    }
+}
+
+// Today at midnight, and a dozen event days of three kinds spread over the
+// twelve months from today's on; three of them lie on the first steps.
+BenchDays MakeDays()
+{
+    BenchDays days;
+    ::GetLocalTime(&days.start);
+    days.start = BenchAddDays(days.start, 0);
+    SYSTEMTIME firstOfMonth = days.start;
+    firstOfMonth.wDay = 1;
+    const int offsets[] = { 2, 9, 16, 30, 45, 61, 77, 100, 140, 190, 250, 300 };
+    for (int i = 0; i < static_cast<int>(sizeof offsets / sizeof offsets[0]); ++i)
+    {
+        const SYSTEMTIME e = BenchAddDays(offsets[i] < 30 ? days.start : firstOfMonth, offsets[i]);
+        days.events.push_back(e);
+        days.kinds.push_back(i % 3);
+    }
+    return days;
+}
+
+const char* WineVersion()
+{
+    using Fn = const char*(CDECL*)();
+    HMODULE ntdll = ::GetModuleHandle("ntdll.dll");
+    auto fn = ntdll != nullptr ? reinterpret_cast<Fn>(::GetProcAddress(ntdll, "wine_get_version")) : nullptr;
+    return fn != nullptr ? fn() : nullptr;
+}
+
+void PrintCommonControlsVersion()
+{
+    HMODULE comctl = ::GetModuleHandle("comctl32.dll");
+    auto getVersion =
+        comctl != nullptr ? reinterpret_cast<DLLGETVERSIONPROC>(::GetProcAddress(comctl, "DllGetVersion")) : nullptr;
+    DLLVERSIONINFO info = {};
+    info.cbSize = sizeof info;
+    if (getVersion != nullptr && SUCCEEDED(getVersion(&info)))
+        std::printf("comctl32 %lu.%lu\n", info.dwMajorVersion, info.dwMinorVersion);
+}
+
+void PrintShown(BenchSubject& subject)
+{
+    int month = 0, year = 0;
+    subject.GetFirstMonth(month, year);
+    std::printf("%-5s shows %d calendars from %02d/%04d\n", subject.Name(), subject.CalendarCount(), month, year);
+}
+
+void PrintRow(const char* figure, const char* name, const Result& r, const char* mark)
+{
+    const BenchSpread s = BenchSummarise(r.ms);
+    std::printf("%-15s %-6s %8.3f %8.3f %8.3f %8.3f %8.3f %9.2f%s\n", figure, name, s.median, s.min, s.q1, s.q3,
+                s.max, s.count > 0 ? static_cast<double>(r.paints) / s.count : 0.0, mark);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Options options;
+    if (!ParseOptions(argc, argv, options))
+    {
+        std::fprintf(stderr, "usage: bench_datepicker [--rounds N] [--reps N] [--warmup N] [--only ours|peer|floor]\n");
+        return 2;
+    }
+    INITCOMMONCONTROLSEX icc = { sizeof icc, ICC_DATE_CLASSES };
+    if (!::InitCommonControlsEx(&icc))
+    {
+        std::fprintf(stderr, "bench_datepicker: InitCommonControlsEx failed\n");
+        return 2;
+    }
+
+    const BenchDays days = MakeDays();
+    std::unique_ptr<BenchPeerCalendar> peer = BenchPeerCalendar::Create(days);
+    if (!peer)
+    {
+        // Seen when the wineserver still runs from the prefix's creation,
+        // before the null driver was chosen: `wineserver -w`, then again.
+        std::fprintf(stderr, "bench_datepicker: cannot create the month calendar or its window (error %lu)\n",
+                     ::GetLastError());
+        return 2;
+    }
+    const SIZE size = peer->ClientSize();
+    const int screenWidth = ::GetSystemMetrics(SM_CXSCREEN), screenHeight = ::GetSystemMetrics(SM_CYSCREEN);
+    if (size.cx > screenWidth || size.cy > screenHeight)
+    {
+        // Parts of a window beyond the screen are clipped and would not paint.
+        std::fprintf(stderr, "bench_datepicker: %ld x %ld does not fit the %d x %d screen\n", size.cx, size.cy,
+                     screenWidth, screenHeight);
+        return 2;
+    }
+    std::unique_ptr<BenchSubject> ours = BenchCreateOurPicker(days, size);
+    std::unique_ptr<BenchSubject> floor = BenchCreateFloor(size);
+    if (!ours || !floor)
+    {
+        std::fprintf(stderr, "bench_datepicker: cannot create the %s\n", !ours ? "date picker" : "floor window");
+        return 2;
+    }
+    BenchSubject* const subjects[] = { ours.get(), peer.get(), floor.get() };
+    const int subjectCount = 3;
+    for (BenchSubject* s : subjects)
+        ::ShowWindow(s->Host(), SW_SHOWNOACTIVATE);
+    Pump();
+    peer->DetectArrowKeys(days.start);
+
+    if (const char* wine = WineVersion())
+        std::printf("Wine %s, ", wine);
+    PrintCommonControlsVersion();
+    std::printf("12 months (4 x 3) in %ld x %ld client pixels; peer's one month (MCM_GETMINREQRECT) %ld x %ld\n",
+                size.cx, size.cy, peer->OneMonth().cx, peer->OneMonth().cy);
+    PrintShown(*ours);
+    PrintShown(*peer);
+    if (!peer->HasCalendarCount())
+        std::printf("(MCM_GETCALENDARCOUNT does not answer: the peer's count is its visible month range)\n");
+    std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
+                options.reps, options.warmup);
+
+    Result results[kFigureCount][3];
+    for (int round = -options.warmup; round < options.rounds; ++round)
+    {
+        const int rotation = (round + options.warmup) % subjectCount;
+        for (int figure = 0; figure < kFigureCount; ++figure)
+            for (int k = 0; k < subjectCount; ++k)
+            {
+                const int index = (k + rotation) % subjectCount;
+                BenchSubject& subject = *subjects[index];
+                if ((figure == kStep && !subject.HasStep()) ||
+                    (options.only != nullptr && std::strcmp(options.only, subject.Name()) != 0))
+                    continue;
+                Result* result = round >= 0 ? &results[figure][index] : nullptr;
+                Result ignored;
+                Prepare(subject, days, result != nullptr ? *result : ignored);
+                if (figure == kRepaint)
+                    MeasureRepaint(subject, options.reps, result);
+                else
+                    MeasureStep(subject, days, options.reps, result);
+            }
+    }
+
+    std::printf("%-15s %-6s %8s %8s %8s %8s %8s %9s\n", "figure", "who", "median", "min", "q1", "q3", "max",
+                "paints/op");
+    bool sound = true;
+    for (int figure = 0; figure < kFigureCount; ++figure)
+    {
+        const char* label = kFigureNames[figure];
+        for (int index = 0; index < subjectCount; ++index)
+        {
+            const Result& r = results[figure][index];
+            if (r.ms.empty())
+                continue;
+            const bool stepBySetCurSel = figure == kStep && subjects[index] == peer.get() && !peer->ArrowKeysMove();
+            PrintRow(label, subjects[index]->Name(), r, stepBySetCurSel ? " *" : "");
+            label = "";
+            if (r.unpainted > 0 || r.unmoved > 0 || r.hidden > 0)
+            {
+                sound = false;
+                std::printf("  ! %s, %s: %d repetitions without a paint, %d steps that did not move the day, "
+                            "%d batches partly hidden\n",
+                            kFigureNames[figure], subjects[index]->Name(), r.unpainted, r.unmoved, r.hidden);
+            }
+        }
+    }
+    auto median = [&](int figure, int index) { return BenchSummarise(results[figure][index].ms).median; };
+    if (options.only == nullptr)
+        std::printf("\nours/peer (medians): full repaint %.2f, arrow-key step %.2f%s; ours/floor (full repaint) %.1f\n",
+                    median(kRepaint, 0) / median(kRepaint, 1), median(kStep, 0) / median(kStep, 1),
+                    peer->ArrowKeysMove() ? "" : " *", median(kRepaint, 0) / median(kRepaint, 2));
+    if (!peer->ArrowKeysMove() && !results[kStep][1].ms.empty())
+        std::printf("* this month calendar ignores VK_RIGHT; its step is MCM_SETCURSEL to the next day, "
+                    "then UpdateWindow\n");
+    if (!sound)
+        std::printf("\nsome repetitions timed nothing (marked !): the figures above are not comparable\n");
+
+    floor.reset();
+    ours.reset();
+    peer.reset();
+    return sound ? 0 : 1;
+}
