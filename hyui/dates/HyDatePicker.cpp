@@ -188,6 +188,7 @@ int CHyDatePicker::OnCreate(LPCREATESTRUCT lpCreateStruct)
         return -1;
     CalcRects();
     calCount = cols * rows;
+    delete[] calendars;   // a picker object may be created again
     calendars = new (std::nothrow) CHyCalMonth[calCount];
     if (!calendars)
         return -1;
@@ -262,7 +263,18 @@ void CHyDatePicker::SetCalDates(int nMonth, int nYear)
     {
         int month = nMonth, year = nYear;
         IncrMonth(month, year, i);
-        calendars[i].SetMonth(month, year);
+        CHyCalMonth& cal = calendars[i];
+        cal.SetMonth(month, year);
+        if (month == 9 && year == 1752)
+        {
+            // The grid's September 1752 table carries the days only and keeps
+            // the previous month's other fields; the picker completes it so
+            // that the calendar knows which month it shows.
+            cal.month = 9;
+            cal.year = 1752;
+            for (int& cellMonth : cal.cellMonth)
+                cellMonth = 9;
+        }
     }
 }
 

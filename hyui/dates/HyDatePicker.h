@@ -4,7 +4,8 @@
 // marks event days and supplies day tooltips. Notifications (HyDateMsgs.h):
 // 7528 to the parent, 7529, 7540 and 7541 to the notify window (the parent
 // when none is set). Geometry and menu arithmetic live in HyPickerLayout.h;
-// painting is described in docs/datepicker.md.
+// behaviour notes are in docs/datepicker.md, painting in
+// docs/datepicker-painting.md.
 #pragma once
 
 #include <afxwin.h>

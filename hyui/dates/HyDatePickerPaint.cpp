@@ -298,7 +298,7 @@ struct MonthSlots
         if (own)
             return true;
         const int slot = SlotOf(d);
-        return slot >= 0;
+        return slot >= 0 && !shown[slot];
     }
 };
 

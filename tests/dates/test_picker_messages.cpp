@@ -334,6 +334,12 @@ TEST_F(PickerTest, ArrowIntoTheMissingDaysOf1752FallsBackToTheFirst)
 {
     Create(1, 1, 9, 1752);
     picker.SetMinYear(1700);
+    ExpectHighlight(1752, 9, 15);
+    // The calendar knows its days: a click on the cell after the 2nd is the 14th.
+    const CPoint after2nd = DayPoint(1752, 9, 14);
+    hytest::Click(picker, after2nd.x, after2nd.y);
+    ExpectHighlight(1752, 9, 14);
+    EXPECT_EQ(after2nd.x - DayPoint(1752, 9, 2).x, picker.GetDayWidth());
     picker.SetSelection(1752, 9, 2, 0);
     Clear();
     // Days are counted on the OLE calendar, which has a 3 September 1752; the

@@ -29,6 +29,13 @@ struct InvalidateAccess : CHyDatePicker
 
 CRect ToCRect(const HyRect& r) { return CRect(r.left, r.top, r.right, r.bottom); }
 
+// Cell (0..41) of a day grid.
+CRect GridCell(const HyCalParts& parts, int w, int h, int cell)
+{
+    const int x = parts.dayGrid.left + (cell % 7) * w, y = parts.dayGrid.top + (cell / 7) * h;
+    return CRect(x, y, x + w, y + h);
+}
+
 // Changed pixels between two renderings of the same size.
 struct PixelDiff
 {
@@ -69,6 +76,16 @@ bool Uniform(const Renderer& r, const CRect& rc)
 {
     const std::vector<COLORREF> v = Pixels(r, rc);
     return std::all_of(v.begin(), v.end(), [&](COLORREF c) { return c == v.front(); });
+}
+
+// The one-pixel edge of rc has a single colour, that of most of rc: nothing
+// drawn inside reaches the edge.
+bool EdgeClear(const Renderer& r, const CRect& rc)
+{
+    const COLORREF back = r.Dominant(rc);
+    CRect inner = rc;
+    inner.DeflateRect(1, 1);
+    return r.Count(rc, back) - r.Count(inner, back) == 2 * (rc.Width() + rc.Height()) - 4;
 }
 
 int Luma(COLORREF c) { return 299 * GetRValue(c) + 587 * GetGValue(c) + 114 * GetBValue(c); }
@@ -271,13 +288,10 @@ TEST_F(DatePickerPaintDays, September1752LeavesItsMissingDaysBlank)
     ASSERT_TRUE(picker.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 210, 200), CWnd::FromHandle(parent), 1001));
     picker.SetSelection(1752, 9, 14, 0);
     Renderer r(picker.m_hWnd);
-    const HyCalParts parts = Parts(0);
-    const int w = picker.GetDayWidth(), h = picker.GetDayHeight();
     for (int cell = 0; cell < 42; ++cell) {
-        const CRect rc(parts.dayGrid.left + (cell % 7) * w, parts.dayGrid.top + (cell / 7) * h,
-                       parts.dayGrid.left + (cell % 7 + 1) * w, parts.dayGrid.top + (cell / 7 + 1) * h);
         const bool empty = cell < 2 || cell > 20;
-        EXPECT_EQ(empty, Uniform(r, rc)) << "cell " << cell;
+        EXPECT_EQ(empty, Uniform(r, GridCell(Parts(0), picker.GetDayWidth(), picker.GetDayHeight(), cell)))
+            << "cell " << cell;
     }
 }
 
@@ -346,24 +360,12 @@ TEST_F(DatePickerPaintDays, CaptionsAndNumbersFitTheirRectangles)
             for (const HyRect& hr : {parts.monthCaption, parts.yearCaption}) {
                 const CRect text = ToCRect(hr);
                 EXPECT_FALSE(Uniform(r, text)) << size << " calendar " << i << ": no caption";
-                EXPECT_TRUE(Uniform(r, CRect(text.left, text.top, text.left + 1, text.bottom)) &&
-                            Uniform(r, CRect(text.right - 1, text.top, text.right, text.bottom)))
-                    << size << " calendar " << i << ": caption touches its edge";
+                EXPECT_TRUE(EdgeClear(r, text)) << size << " calendar " << i << ": caption touches its edge";
             }
-            const int w = p.GetDayWidth(), h = p.GetDayHeight();
             for (int cell = 0; cell < 42; ++cell) {
-                const CRect rc(parts.dayGrid.left + (cell % 7) * w, parts.dayGrid.top + (cell / 7) * h,
-                               parts.dayGrid.left + (cell % 7 + 1) * w, parts.dayGrid.top + (cell / 7 + 1) * h);
-                const CRect inner(rc.left + 1, rc.top + 1, rc.right - 1, rc.bottom - 1);
+                const CRect rc = GridCell(parts, p.GetDayWidth(), p.GetDayHeight(), cell);
                 EXPECT_FALSE(Uniform(r, rc)) << size << " calendar " << i << " cell " << cell << ": no number";
-                const CRect& frame = rc;
-                bool edgeClear = true;
-                for (const CRect& edge : {CRect(frame.left, frame.top, frame.right, inner.top),
-                                          CRect(frame.left, inner.bottom, frame.right, frame.bottom),
-                                          CRect(frame.left, frame.top, inner.left, frame.bottom),
-                                          CRect(inner.right, frame.top, frame.right, frame.bottom)})
-                    edgeClear = edgeClear && r.Count(edge, r.Dominant(rc)) == edge.Width() * edge.Height();
-                EXPECT_TRUE(edgeClear) << size << " calendar " << i << " cell " << cell << ": number at the edge";
+                EXPECT_TRUE(EdgeClear(r, rc)) << size << " calendar " << i << " cell " << cell << ": number at the edge";
             }
         }
         p.DestroyWindow();
@@ -386,7 +388,7 @@ TEST_F(DatePickerPaintHeader, ArrowsAppearOnlyOnTheOuterCalendars)
     EXPECT_FALSE(Uniform(r, ToCRect(Parts(2).nextArrow)));
 }
 
-TEST_F(DatePickerPaintHeader, HotAndPressedArrowsLookDifferentFromNormalAndEachOther)
+TEST_F(DatePickerPaintHeader, HotAndPressedPartsLookDifferentFromNormalAndEachOther)
 {
     Create();
     const CRect arrow = ToCRect(Parts(0).prevArrow);
@@ -410,18 +412,14 @@ TEST_F(DatePickerPaintHeader, HotAndPressedArrowsLookDifferentFromNormalAndEachO
     EXPECT_NE(normal, pressed);
     EXPECT_NE(hot, pressed);
     EXPECT_EQ(normal, Pixels(Renderer(picker.m_hWnd), arrow)) << "the pressed look stays";
-}
 
-TEST_F(DatePickerPaintHeader, AHotCaptionIsHighlightedOnItsOwnCalendarOnly)
-{
-    Create();
-    const CRect month1 = ToCRect(Parts(1).monthCaption);
+    // A hot caption changes its own calendar's caption and nothing else.
     const PixelDiff d = ChangeOf([&] {
         picker.rolloverCal = 1;
         picker.rolloverPart = HYPART_MONTH_CAPTION;
     });
     EXPECT_FALSE(d.where.empty());
-    EXPECT_TRUE(Inside(d.box, month1));
+    EXPECT_TRUE(Inside(d.box, ToCRect(Parts(1).monthCaption)));
 }
 
 // ---- invalidation --------------------------------------------------------------------
@@ -446,7 +444,7 @@ TEST_F(DatePickerPaintInvalidation, InvalidateDayCoversEveryCellShowingTheDay)
     picker.ValidateRect(nullptr);
 }
 
-TEST_F(DatePickerPaintInvalidation, APaintOfOneCellTouchesNothingOutsideIt)
+TEST_F(DatePickerPaintInvalidation, APaintOfOneCellMatchesTheFullPaintAndTouchesNothingElse)
 {
     Create();
     CRect client;
