@@ -212,20 +212,6 @@ void Triangle(HDC hdc, POINT a, POINT b, POINT c)
     ::Polygon(hdc, pts, 3);
 }
 
-// Month and year that calendar index shows. September 1752 keeps its own
-// fixed grid and leaves the month object's month and year as they were, so
-// it is recognised by its empty first cell.
-void CalendarMonthOf(const CHyCalMonth& cal, int& month, int& year)
-{
-    if (cal.cellDay[0] == -1) {
-        month = 9;
-        year = 1752;
-        return;
-    }
-    month = cal.month;
-    year = cal.year;
-}
-
 // Date in a cell; false for an empty cell. `own`: the day belongs to the
 // calendar's own month.
 bool CellDate(const CHyCalMonth& cal, int calMonth, int calYear, int cell, CHyDate& date, bool& own)
@@ -233,12 +219,6 @@ bool CellDate(const CHyCalMonth& cal, int calMonth, int calYear, int cell, CHyDa
     const int day = cal.cellDay[cell];
     if (day <= 0)
         return false;
-    if (cal.cellDay[0] == -1) {
-        // Every filled cell of September 1752 is a September day.
-        date = CHyDate(1752, 9, day, 0);
-        own = true;
-        return true;
-    }
     const int month = cal.cellMonth[cell];
     int year = calYear;
     if (calMonth == 1 && month == 12)
@@ -270,7 +250,8 @@ struct MonthSlots
 
     void Load(const CHyDatePicker& picker, const CHyCalMonth& cal)
     {
-        CalendarMonthOf(cal, month, year);
+        month = cal.month;
+        year = cal.year;
         for (int slot = 0; slot < 3; ++slot) {
             slotMonth[slot] = month;
             slotYear[slot] = year;
@@ -278,8 +259,8 @@ struct MonthSlots
             shown[slot] = slot == 1;
         }
         for (int i = 0, n = picker.GetCalCount(); i < n; ++i) {
-            int m, y;
-            CalendarMonthOf(*picker.GetCalendar(i), m, y);
+            const int m = picker.GetCalendar(i)->month;
+            const int y = picker.GetCalendar(i)->year;
             for (int slot = 0; slot < 3; slot += 2)
                 if (m == slotMonth[slot] && y == slotYear[slot])
                     shown[slot] = true;
@@ -476,23 +457,29 @@ void CHyDatePicker::DrawHeader(CDC* pDC, int nIndex, const HyCalParts& parts)
     DrawHeaderArrows(pDC, nIndex, parts);
 }
 
+// A caption in its state's look (normal, hot, pressed: pressed text sits one
+// pixel lower right).
+static void DrawCaption(const CHyDatePicker& picker, HDC hdc, int nIndex, const HyRect& rect, int part,
+                        bool clickable, const CString& text, const PaintKit& kit)
+{
+    CRect r = ToCRect(rect);
+    const int state = clickable ? PartState(picker, nIndex, part) : 0;
+    ::SetTextColor(hdc, DrawPartBack(hdc, r, state, kit));
+    if (state == 2)
+        r.OffsetRect(1, 1);
+    CentredText(hdc, r, text, text.GetLength(), kit.captionTextHeight);
+}
+
 void CHyDatePicker::DrawMonth(CDC* pDC, int nIndex, const HyCalParts& parts)
 {
     if (flags & HYDP_YEAR_ONLY_HEADER)
         return;
     PaintKit local;
     const PaintKit& kit = KitFor(this, pDC, local);
-    int month, year;
-    CalendarMonthOf(calendars[nIndex], month, year);
     CString text;
-    GetMonthString(month, text);
-    HDC hdc = pDC->m_hDC;
-    CRect r = ToCRect(parts.monthCaption);
-    const int state = (flags & HYDP_MONTH_CAPTION) ? PartState(*this, nIndex, HYPART_MONTH_CAPTION) : 0;
-    ::SetTextColor(hdc, DrawPartBack(hdc, r, state, kit));
-    if (state == 2)
-        r.OffsetRect(1, 1);
-    CentredText(hdc, r, text, text.GetLength(), kit.captionTextHeight);
+    GetMonthString(calendars[nIndex].month, text);
+    DrawCaption(*this, pDC->m_hDC, nIndex, parts.monthCaption, HYPART_MONTH_CAPTION,
+                (flags & HYDP_MONTH_CAPTION) != 0, text, kit);
 }
 
 void CHyDatePicker::DrawYear(CDC* pDC, int nIndex, const HyCalParts& parts)
@@ -501,17 +488,10 @@ void CHyDatePicker::DrawYear(CDC* pDC, int nIndex, const HyCalParts& parts)
         return;
     PaintKit local;
     const PaintKit& kit = KitFor(this, pDC, local);
-    int month, year;
-    CalendarMonthOf(calendars[nIndex], month, year);
     CString text;
-    GetYearString(year, text);
-    HDC hdc = pDC->m_hDC;
-    CRect r = ToCRect(parts.yearCaption);
-    const int state = (flags & HYDP_YEAR_CAPTION) ? PartState(*this, nIndex, HYPART_YEAR_CAPTION) : 0;
-    ::SetTextColor(hdc, DrawPartBack(hdc, r, state, kit));
-    if (state == 2)
-        r.OffsetRect(1, 1);
-    CentredText(hdc, r, text, text.GetLength(), kit.captionTextHeight);
+    GetYearString(calendars[nIndex].year, text);
+    DrawCaption(*this, pDC->m_hDC, nIndex, parts.yearCaption, HYPART_YEAR_CAPTION,
+                (flags & HYDP_YEAR_CAPTION) != 0, text, kit);
 }
 
 void CHyDatePicker::DrawHeaderArrows(CDC* pDC, int nIndex, const HyCalParts& parts)
@@ -722,8 +702,8 @@ void CHyDatePicker::InvalidateDay(const CHyDate& date)
         return;
     for (int i = 0; i < calCount; ++i) {
         const CHyCalMonth& cal = calendars[i];
-        int calMonth, calYear;
-        CalendarMonthOf(cal, calMonth, calYear);
+        const int calMonth = cal.month;
+        const int calYear = cal.year;
         HyCalParts parts;
         bool haveParts = false;
         for (int cell = 0; cell < CHyCalMonth::CellCount; ++cell) {
