@@ -255,9 +255,18 @@ void CHyDatePicker::OnSize(UINT nType, int cx, int cy)
 
 // ---- displayed months and selection ----------------------------------------
 
+// Months the calendars can show: years 1 to 9999.
+static bool IsShowableMonth(int month, int year)
+{
+    return month >= 1 && month <= 12 && year >= 1 && year <= 9999;
+}
+
 void CHyDatePicker::SetCalDates(int nMonth, int nYear)
 {
-    if (!calendars)
+    int lastMonth = nMonth, lastYear = nYear;
+    if (IsShowableMonth(nMonth, nYear))
+        IncrMonth(lastMonth, lastYear, calCount - 1);
+    if (!calendars || !IsShowableMonth(nMonth, nYear) || !IsShowableMonth(lastMonth, lastYear))
         return;
     for (int i = 0; i < calCount; ++i)
     {
@@ -305,7 +314,7 @@ CWnd* CHyDatePicker::GetNotifyTarget() const
 
 void CHyDatePicker::SetHighlightDate(int nMonth, int nDay, int nYear, int bRedraw)
 {
-    if (nMonth < 1 || nMonth > 12)
+    if (!IsShowableMonth(nMonth, nYear))
         return;   // no such month: nothing to show
     if (calendars)
     {
@@ -371,7 +380,7 @@ void CHyDatePicker::GetToday(CHyDate* pDate)
 
 void CHyDatePicker::SetDisplayMonth(int nMonth, int nYear, int bRedraw)
 {
-    if (nMonth < 1 || nMonth > 12)
+    if (!IsShowableMonth(nMonth, nYear))
         return;
     int oldMonth, oldYear;
     GetDisplayMonth(&oldMonth, &oldYear);

@@ -55,6 +55,21 @@ TEST_F(PickerTest, HighlightInAMonthNotShownMakesItFirstAndTellsOnce)
     EXPECT_TRUE(picker.GetFlags() & HYDP_HIGHLIGHT);
 }
 
+TEST_F(PickerTest, MonthsNoCalendarCanShowAreIgnored)
+{
+    Create();
+    picker.SetHighlightDate(13, 1, 2005, 1);
+    picker.SetHighlightDate(1, 1, 0, 1);
+    picker.SetDisplayMonth(0, 2005, 1);
+    picker.SetDisplayMonth(11, 9999, 1);   // the third calendar would be in 10000
+    picker.SetSelection(-5, 6, 1, 1);
+    ExpectDisplay(11, 2005);
+    ExpectHighlight(2005, 11, 15);
+    EXPECT_TRUE(notify.Matches({}));
+    picker.SetDisplayMonth(10, 9999, 0);   // October to December 9999 fit
+    ExpectDisplay(10, 9999);
+}
+
 TEST_F(PickerTest, DisplayMonthKeepsTheHighlightAtItsPosition)
 {
     Create();
