@@ -195,3 +195,30 @@ HRESULT GalleryWritePng(HBITMAP hDib, LPCTSTR path)
     if (factory) factory->Release();
     return hr;
 }
+
+std::vector<DWORD> GalleryHiddenTemplate(UINT id)
+{
+    HINSTANCE h = AfxFindResourceHandle(MAKEINTRESOURCE(id), RT_DIALOG);
+    HRSRC res = h ? ::FindResource(h, MAKEINTRESOURCE(id), RT_DIALOG) : nullptr;
+    HGLOBAL global = res ? ::LoadResource(h, res) : nullptr;
+    const BYTE* data = global ? (const BYTE*)::LockResource(global) : nullptr;
+    const DWORD size = res ? ::SizeofResource(h, res) : 0;
+    if (data == nullptr || size < 16)
+        return {};
+    std::vector<DWORD> aligned((size + 3) / 4);
+    BYTE* bytes = (BYTE*)aligned.data();
+    memcpy(bytes, data, size);
+    // DLGTEMPLATEEX starts with version 1 and signature 0xFFFF; its style is at 12.
+    const size_t styleOffset = *(const WORD*)&bytes[2] == 0xFFFF ? 12 : 0;
+    DWORD style;
+    memcpy(&style, &bytes[styleOffset], 4);
+    style &= ~WS_VISIBLE;
+    memcpy(&bytes[styleOffset], &style, 4);
+    return aligned;
+}
+
+HBITMAP GalleryRenderHiddenDialog(CWnd& dialog)
+{
+    dialog.SetWindowPos(nullptr, -32000, -32000, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    return GalleryRenderWindow(dialog.m_hWnd);
+}

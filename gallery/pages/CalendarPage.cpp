@@ -108,29 +108,6 @@ const SampleEvent* FindEvent(int year, int month, int day)
     return nullptr;
 }
 
-// A copy of dialog template id without WS_VISIBLE, DWORD-aligned for the
-// dialog manager, so a preview is made without the dialog ever appearing.
-std::vector<DWORD> HiddenTemplate(UINT id)
-{
-    HINSTANCE h = AfxFindResourceHandle(MAKEINTRESOURCE(id), RT_DIALOG);
-    HRSRC res = h ? ::FindResource(h, MAKEINTRESOURCE(id), RT_DIALOG) : nullptr;
-    HGLOBAL global = res ? ::LoadResource(h, res) : nullptr;
-    const BYTE* data = global ? (const BYTE*)::LockResource(global) : nullptr;
-    const DWORD size = res ? ::SizeofResource(h, res) : 0;
-    if (data == nullptr || size < 16)
-        return {};
-    std::vector<DWORD> aligned((size + 3) / 4);
-    BYTE* bytes = (BYTE*)aligned.data();
-    memcpy(bytes, data, size);
-    // DLGTEMPLATEEX starts with version 1 and signature 0xFFFF; its style is at 12.
-    const size_t styleOffset = *(const WORD*)&bytes[2] == 0xFFFF ? 12 : 0;
-    DWORD style;
-    memcpy(&style, &bytes[styleOffset], 4);
-    style &= ~WS_VISIBLE;
-    memcpy(&bytes[styleOffset], &style, 4);
-    return aligned;
-}
-
 } // namespace
 
 class CCalendarPage : public CGalleryPage
@@ -296,16 +273,14 @@ void CCalendarPage::Measure()
 
 void CCalendarPage::MakeDayPickerPreview()
 {
-    std::vector<DWORD> bytes = HiddenTemplate(IDD_DAY_PICKER);
+    std::vector<DWORD> bytes = GalleryHiddenTemplate(IDD_DAY_PICKER);
     double date = 0.0;
     if (bytes.empty() || !hy::DateToOleDate(2005, 12, 6, date))
         return;
     CHyDayPickerDlg dialog(date, this);
     if (!dialog.CreateIndirect((LPCDLGTEMPLATE)bytes.data(), this))
         return;
-    // Controls paint only while visible: shown far off the screen, inactive.
-    dialog.SetWindowPos(nullptr, -32000, -32000, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-    m_hPreview = GalleryRenderWindow(dialog.m_hWnd);
+    m_hPreview = GalleryRenderHiddenDialog(dialog);
     dialog.DestroyWindow();
     BITMAP bm = {};
     if (m_hPreview != nullptr && ::GetObject(m_hPreview, sizeof(bm), &bm) == sizeof(bm))

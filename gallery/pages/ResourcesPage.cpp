@@ -81,30 +81,6 @@ HMODULE ChainModule(UINT id, LPCTSTR type)
     return (h != nullptr && ::FindResource(h, MAKEINTRESOURCE(id), type) != nullptr) ? h : nullptr;
 }
 
-// A copy of dialog template id from the chain without WS_VISIBLE, so that a
-// preview is made without the dialog ever appearing.
-std::vector<BYTE> HiddenTemplate(UINT id)
-{
-    std::vector<BYTE> bytes;
-    HMODULE h = ChainModule(id, RT_DIALOG);
-    HRSRC res = h ? ::FindResource(h, MAKEINTRESOURCE(id), RT_DIALOG) : nullptr;
-    HGLOBAL global = res ? ::LoadResource(h, res) : nullptr;
-    const BYTE* data = global ? (const BYTE*)::LockResource(global) : nullptr;
-    if (data == nullptr)
-        return bytes;
-    bytes.assign(data, data + ::SizeofResource(h, res));
-    // DLGTEMPLATEEX starts with version 1 and signature 0xFFFF; its style is at 12.
-    const bool extended = bytes.size() >= 16 && *(const WORD*)&bytes[2] == 0xFFFF;
-    const size_t styleOffset = extended ? 12 : 0;
-    if (bytes.size() < styleOffset + 4)
-        return {};
-    DWORD style;
-    memcpy(&style, &bytes[styleOffset], 4);
-    style &= ~WS_VISIBLE;
-    memcpy(&bytes[styleOffset], &style, 4);
-    return bytes;
-}
-
 // A dialog card's title line: id and caption.
 CString CardTitle(const DialogEntry& entry)
 {
@@ -120,15 +96,12 @@ CString CardTitle(const DialogEntry& entry)
 // Makes the dialog from its template, hidden, and paints it into a bitmap.
 void MakePreview(DialogEntry& entry, CWnd* pOwner)
 {
-    std::vector<BYTE> bytes = HiddenTemplate(entry.id);
-    if (bytes.empty())
+    std::vector<DWORD> aligned = GalleryHiddenTemplate(entry.id);
+    if (aligned.empty())
     {
         entry.note = _T("missing");
         return;
     }
-    // Kept aligned for the dialog manager: a DWORD-aligned copy.
-    std::vector<DWORD> aligned((bytes.size() + 3) / 4);
-    memcpy(aligned.data(), bytes.data(), bytes.size());
     CDialog dialog;
     if (!dialog.CreateIndirect((LPCDLGTEMPLATE)aligned.data(), pOwner))
     {
@@ -136,10 +109,7 @@ void MakePreview(DialogEntry& entry, CWnd* pOwner)
         return;
     }
     dialog.GetWindowText(entry.title);
-    // Controls paint only while visible: show it far off the screen, inactive.
-    dialog.SetWindowPos(nullptr, -32000, -32000, 0, 0,
-                        SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-    entry.hPreview = GalleryRenderWindow(dialog.m_hWnd);
+    entry.hPreview = GalleryRenderHiddenDialog(dialog);
     dialog.DestroyWindow();
     BITMAP bm = {};
     if (entry.hPreview != nullptr && ::GetObject(entry.hPreview, sizeof(bm), &bm) == sizeof(bm))

@@ -194,17 +194,24 @@ void CHyEditDate::SetDate(long time)
         lastTime = time;
 }
 
-void CHyEditDate::SetDate(double date)
+BOOL CHyEditDate::TakeOleDate(double date, HyDateTimeParts& parts)
 {
-    HyDateTimeParts parts = {};
     if (!OleDateDay(date, parts))
     {
         value = -1.0;
         year = month = day = -1;
         SetBlank();
-        return;
+        return FALSE;
     }
     value = date;
+    return TRUE;
+}
+
+void CHyEditDate::SetDate(double date)
+{
+    HyDateTimeParts parts = {};
+    if (!TakeOleDate(date, parts))
+        return;
     SetDate(parts.year, parts.month, parts.day);
     long time = 0;
     if (IsValidDate() && LocalTimeT(parts.year, parts.month, parts.day, parts.hour, parts.minute, parts.second, time))
@@ -214,14 +221,8 @@ void CHyEditDate::SetDate(double date)
 void CHyEditDate::SetEdit(double date)
 {
     HyDateTimeParts parts = {};
-    if (!OleDateDay(date, parts))
-    {
-        value = -1.0;
-        year = month = day = -1;
-        SetBlank();
+    if (!TakeOleDate(date, parts))
         return;
-    }
-    value = date;
     year = parts.year;
     month = parts.month;
     day = parts.day;

@@ -12,6 +12,8 @@
 #include "HyUIExport.h"
 #include "HyDateMsgs.h"
 
+struct HyDateTimeParts;
+
 class HYUI_API CHyEditDate : public CTernEdit
 {
     DECLARE_DYNAMIC(CHyEditDate)
@@ -89,6 +91,10 @@ protected:
     CString CurrentText() const;
     // True when the parent consumed the key by answering the message's number.
     BOOL ParentTakesKey(UINT message, UINT nChar);
+    // Stores an OLE date's day for SetDate/SetEdit; for no date (0 or less,
+    // not a number, out of range) clears the value and parts, shows the blank
+    // text and answers FALSE.
+    BOOL TakeOleDate(double date, HyDateTimeParts& parts);
     // Shows the blank text and selects it, so the next key replaces it.
     void SetBlankSelected();
 
