@@ -296,9 +296,7 @@ bool CCalendarPage::DayPoint(int year, int month, int day, CPoint& point)
     const int cell = cal->FindCell(day, month);
     if (cell >= CHyCalMonth::CellCount)
         return false;
-    const HyRect grid = m_picker.GetCalRects(m_picker.GetCalBounds(index)).dayGrid;
-    point = CPoint(grid.left + (cell % 7) * m_picker.GetDayWidth() + m_picker.GetDayWidth() / 2,
-                   grid.top + (cell / 7) * m_picker.GetDayHeight() + m_picker.GetDayHeight() / 2);
+    point = m_picker.GetCellRect(index, cell).CenterPoint();
     CHyDate hit;
     return m_picker.DetermineDate(point, hit) && hit == CHyDate(year, month, day, 0);
 }

@@ -279,31 +279,30 @@ int CIntlTime::ParseDateFromFormat(LPCTSTR lpszPicture, LPCTSTR lpszText, TCHAR 
     return 1;
 }
 
-CString CIntlTime::FormatDate(int nFormat) const
+// GetDateFormatA and GetTimeFormatA share their signature: the length is
+// asked first, then the text is formatted into a buffer of that size.
+typedef int (WINAPI* LocaleFormatFn)(LCID, DWORD, const SYSTEMTIME*, LPCSTR, LPSTR, int);
+
+static CString FormatInUserLocale(const CTime& time, LocaleFormatFn format, DWORD flags)
 {
     SYSTEMTIME st;
-    if (!ToSystemTime(*this, st))
+    if (!ToSystemTime(time, st))
         return CString();
-    DWORD flags = nFormat == HYINTL_LONGDATE ? DATE_LONGDATE : DATE_SHORTDATE;
-    int n = ::GetDateFormatA(LOCALE_USER_DEFAULT, flags, &st, nullptr, nullptr, 0);
+    int n = format(LOCALE_USER_DEFAULT, flags, &st, nullptr, nullptr, 0);
     if (n <= 0)
         return CString();
     CString text;
-    n = ::GetDateFormatA(LOCALE_USER_DEFAULT, flags, &st, nullptr, text.GetBuffer(n + 1), n + 1);
+    n = format(LOCALE_USER_DEFAULT, flags, &st, nullptr, text.GetBuffer(n + 1), n + 1);
     text.ReleaseBuffer(n > 0 ? n - 1 : 0);
     return text;
 }
 
+CString CIntlTime::FormatDate(int nFormat) const
+{
+    return FormatInUserLocale(*this, ::GetDateFormatA, nFormat == HYINTL_LONGDATE ? DATE_LONGDATE : DATE_SHORTDATE);
+}
+
 CString CIntlTime::FormatTime() const
 {
-    SYSTEMTIME st;
-    if (!ToSystemTime(*this, st))
-        return CString();
-    int n = ::GetTimeFormatA(LOCALE_USER_DEFAULT, TIME_NOSECONDS, &st, nullptr, nullptr, 0);
-    if (n <= 0)
-        return CString();
-    CString text;
-    n = ::GetTimeFormatA(LOCALE_USER_DEFAULT, TIME_NOSECONDS, &st, nullptr, text.GetBuffer(n + 1), n + 1);
-    text.ReleaseBuffer(n > 0 ? n - 1 : 0);
-    return text;
+    return FormatInUserLocale(*this, ::GetTimeFormatA, TIME_NOSECONDS);
 }

@@ -154,6 +154,12 @@ HyCalParts CHyDatePicker::GetCalRects(const CRect& bounds) const
     return hy::PickerCalParts(ToHyRect(bounds), dayHeight, flags);
 }
 
+CRect CHyDatePicker::GetCellRect(int nCalIndex, int nCell)
+{
+    const HyRect grid = GetCalRects(GetCalBounds(nCalIndex)).dayGrid;
+    return ToCRect(hy::PickerCellRect(grid, dayWidth, dayHeight, nCell));
+}
+
 void CHyDatePicker::GetDayRect(CRect& rect)
 {
     rect = ToCRect(GetCalRects(GetCalBounds(0)).dayGrid);

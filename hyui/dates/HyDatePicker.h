@@ -56,6 +56,8 @@ public:
     void GetDayRect(CRect& rect);
     CRect GetCalBounds(int nIndex);
     HyCalParts GetCalRects(const CRect& bounds) const;
+    // Cell 0..41 of calendar nCalIndex's day grid, in client coordinates.
+    CRect GetCellRect(int nCalIndex, int nCell);
     int GetCalCount() const { return calCount; }
     int GetDayWidth() const { return dayWidth; }
     int GetDayHeight() const { return dayHeight; }

@@ -232,9 +232,7 @@ bool CellDate(const CHyCalMonth& cal, int calMonth, int calYear, int cell, CHyDa
 
 CRect CellRect(const HyRect& grid, int dayWidth, int dayHeight, int cell)
 {
-    const int x = grid.left + (cell % 7) * dayWidth;
-    const int y = grid.top + (cell / 7) * dayHeight;
-    return CRect(x, y, x + dayWidth, y + dayHeight);
+    return ToCRect(hy::PickerCellRect(grid, dayWidth, dayHeight, cell));
 }
 
 // The three months a calendar's grid shows (previous, own, next) and whether

@@ -106,6 +106,13 @@ int PickerPartAt(const HyCalParts& p, int x, int y, unsigned flags, int calIndex
     return HYPART_NONE;
 }
 
+HyRect PickerCellRect(const HyRect& dayGrid, int dayWidth, int dayHeight, int cell)
+{
+    const int x = dayGrid.left + (cell % 7) * dayWidth;
+    const int y = dayGrid.top + (cell / 7) * dayHeight;
+    return HyRect{x, y, x + dayWidth, y + dayHeight};
+}
+
 int PickerCalAt(const HyPickerMetrics& m, int calCount, int x, int y)
 {
     for (int i = 0; i < calCount; ++i)

@@ -83,6 +83,8 @@ HYUI_API HyRect PickerCalBounds(const HyPickerMetrics& m, int index);
 HYUI_API HyCalParts PickerCalParts(const HyRect& bounds, int dayHeight, unsigned flags);
 // Part code of (x, y) in calendar calIndex (parts as PickerCalParts gives them).
 HYUI_API int PickerPartAt(const HyCalParts& parts, int x, int y, unsigned flags, int calIndex, int cols);
+// Cell 0..41 (row by row) of a day grid of dayWidth x dayHeight cells.
+HYUI_API HyRect PickerCellRect(const HyRect& dayGrid, int dayWidth, int dayHeight, int cell);
 // Calendar whose bounds hold (x, y); -1 for none.
 HYUI_API int PickerCalAt(const HyPickerMetrics& m, int calCount, int x, int y);
 // Column 0..6 and row 0..5 of the grid cell nearest (x, y); true when the point is inside the grid.

@@ -70,9 +70,7 @@ protected:
             cal->GetCellDate(cell, d, m, y);
             if (y != year)
                 continue;
-            const HyCalParts parts = picker.GetCalRects(picker.GetCalBounds(i));
-            return CPoint(parts.dayGrid.left + (cell % 7) * picker.GetDayWidth() + picker.GetDayWidth() / 2,
-                          parts.dayGrid.top + (cell / 7) * picker.GetDayHeight() + picker.GetDayHeight() / 2);
+            return picker.GetCellRect(i, cell).CenterPoint();
         }
         ADD_FAILURE() << "day " << day << "/" << month << "/" << year << " not shown";
         return CPoint(-1000, -1000);

@@ -32,10 +32,7 @@ CHyDatePicker* PickerOf(HWND dialog)
 CPoint DayPoint(CHyDatePicker* picker, int day)
 {
     const CHyCalMonth* cal = picker->GetCalendar(0);
-    const int cell = cal->FindCell(day, cal->month);
-    const HyCalParts parts = picker->GetCalRects(picker->GetCalBounds(0));
-    return CPoint(parts.dayGrid.left + (cell % 7) * picker->GetDayWidth() + picker->GetDayWidth() / 2,
-                  parts.dayGrid.top + (cell / 7) * picker->GetDayHeight() + picker->GetDayHeight() / 2);
+    return picker->GetCellRect(0, cal->FindCell(day, cal->month)).CenterPoint();
 }
 
 INT_PTR RunDialog(CHyDayPickerDlg& dialog, const std::function<void(HWND)>& act)

@@ -32,8 +32,7 @@ CRect ToCRect(const HyRect& r) { return CRect(r.left, r.top, r.right, r.bottom);
 // Cell (0..41) of a day grid.
 CRect GridCell(const HyCalParts& parts, int w, int h, int cell)
 {
-    const int x = parts.dayGrid.left + (cell % 7) * w, y = parts.dayGrid.top + (cell / 7) * h;
-    return CRect(x, y, x + w, y + h);
+    return ToCRect(hy::PickerCellRect(parts.dayGrid, w, h, cell));
 }
 
 // Changed pixels between two renderings of the same size.
