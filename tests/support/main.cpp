@@ -6,10 +6,15 @@
 // the leak is never hidden and later tests start from a clean thread.
 // Messages still queued at that point are discarded without being
 // dispatched: no code of a finished test runs during the next one.
+//
+// Each suite runs on a desktop of its own. Focus, activation and the
+// foreground window belong to a desktop, so suites that CTest runs side by
+// side never take the focus from each other's windows.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -62,10 +67,25 @@ class LeftoverWindowCheck : public testing::EmptyTestEventListener
     std::vector<HWND> m_before;
 };
 
+// Moves this thread, before it owns any window, onto a new desktop named
+// after the process. Failing that, the suite runs on the shared desktop.
+void UseOwnDesktop()
+{
+    char name[64];
+    wsprintfA(name, "hytest-%lu", GetCurrentProcessId());
+    HDESK desk = CreateDesktopA(name, nullptr, nullptr, 0, GENERIC_ALL, nullptr);
+    if (!desk || !SetThreadDesktop(desk)) {
+        fprintf(stderr, "hytest: no desktop of its own (error %lu); sharing the default one\n", GetLastError());
+        if (desk)
+            CloseDesktop(desk);
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
+    UseOwnDesktop();
     testing::InitGoogleTest(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new LeftoverWindowCheck);
     return RUN_ALL_TESTS();
