@@ -16,7 +16,8 @@ jobs=${HY_JOBS:-$(nproc)}
 
 packages=(cmake ninja-build g++ clang libclang-rt-14-dev libmd-dev
           libbenchmark-dev googletest valgrind
-          g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 fonts-wine)
+          g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 fonts-wine
+          xvfb x11-apps x11-utils imagemagick)
 
 as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
 
@@ -52,8 +53,12 @@ build_bench() {
 }
 
 # One wineserver for the whole run, so each suite starts in about a second.
+# A wineserver keeps the display driver its desktop began with, so the X11
+# driver gets a prefix (and so a wineserver) of its own: wineprefix-x11.
 start_wineserver() {
-  export HY_WINEPREFIX=$build/win/wineprefix WINEPREFIX=$build/win/wineprefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+  local prefix=$build/win/wineprefix
+  if [ "${HY_WINE_DRIVER:-null}" = x11 ]; then prefix=$build/win/wineprefix-x11; fi
+  export HY_WINEPREFIX=$prefix WINEPREFIX=$prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
   "$root/cmake/wine-run.sh" cmd /c exit >/dev/null 2>&1 || true   # creates the prefix once
   wineserver -w      # the server of that run lingers; let it end first
   wineserver -p
@@ -78,8 +83,8 @@ case "$cmd" in
     ;;
   gallery)
     setup; configure_and_build
-    start_wineserver
     if [ -n "${DISPLAY:-}" ]; then export HY_WINE_DRIVER=x11; fi
+    start_wineserver
     "$root/cmake/wine-run.sh" "$build/win/bin/HyGallery.exe" --out "$build/gallery" "${@:2}"
     ;;
   bench)

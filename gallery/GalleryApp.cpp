@@ -1,11 +1,12 @@
 // HyGallery.exe: the reference host.
 //
-//   HyGallery [--lang xx] [--out DIR] [--png DIR]
+//   HyGallery [--lang xx] [--out DIR] [--png DIR] [--list]
 //
 // --lang xx   take the library's resources from lang\xx\HyLangUI.dll
 // --png DIR   write one PNG a page into DIR, print their paths, exit
 // --out DIR   the same when there is no display (DISPLAY unset or empty);
 //             with a display the gallery is interactive
+// --list      print the pages' file names (their slugs), one a line, exit
 //
 // The library picks its language module when HyUI.dll is attached, before
 // any code of ours runs. --lang therefore sets HYHOST_LANGDIR (which the host
@@ -30,6 +31,7 @@ struct GalleryOptions
     CString outDir;     // --out or --png, as given
     bool forcePng = false;
     bool help = false;
+    bool list = false;
     CString error;
 };
 
@@ -49,6 +51,8 @@ GalleryOptions ParseOptions(int argc, char** argv)
             options.outDir = argv[++i];
             options.forcePng = true;
         }
+        else if (arg == _T("--list"))
+            options.list = true;
         else if (arg == _T("--help") || arg == _T("-h") || arg == _T("/?"))
             options.help = true;
         else
@@ -251,8 +255,15 @@ BOOL CGalleryApp::InitInstance()
     {
         if (!options.error.IsEmpty())
             GalleryPrintLine(_T("HyGallery: ") + options.error, true);
-        GalleryPrintLine(_T("usage: HyGallery [--lang xx] [--out DIR] [--png DIR]"), !options.error.IsEmpty());
+        GalleryPrintLine(_T("usage: HyGallery [--lang xx] [--out DIR] [--png DIR] [--list]"), !options.error.IsEmpty());
         m_nExitCode = options.error.IsEmpty() ? 0 : 2;
+        return FALSE;
+    }
+    if (options.list)
+    {
+        // What the page checks read, so they never keep a list of their own.
+        for (const GalleryPageInfo& page : GalleryPages())
+            GalleryPrintLine(page.slug);
         return FALSE;
     }
     const bool pngMode = options.forcePng || (!options.outDir.IsEmpty() && EnvironmentValue(_T("DISPLAY")).IsEmpty());
