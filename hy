@@ -17,7 +17,7 @@ jobs=${HY_JOBS:-$(nproc)}
 packages=(cmake ninja-build g++ clang libclang-rt-14-dev libmd-dev
           libbenchmark-dev googletest valgrind
           g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 fonts-wine
-          xvfb x11-apps x11-utils imagemagick)
+          xvfb x11-apps x11-utils imagemagick python3)
 
 as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
 

@@ -50,6 +50,16 @@ TEST(LangModuleTest, AbsentModuleGivesTheOwnInstance)
     EXPECT_EQ(own, HyLoadLangModule("C:\\no\\such\\folder\\HyLangUI.dll", own, &word));
     EXPECT_EQ(0u, word);
     EXPECT_EQ(own, HyLoadLangModule(nullptr, own, &word));
+    // A module without a string table (a copy of this test program) is no
+    // language module: the own copy serves.
+    char self[MAX_PATH] = "", copy[MAX_PATH] = "";
+    ::GetModuleFileNameA(nullptr, self, MAX_PATH);
+    ::GetTempPathA(MAX_PATH, copy);
+    lstrcatA(copy, "hy-no-strings.dll");
+    ASSERT_TRUE(::CopyFileA(self, copy, FALSE));
+    EXPECT_EQ(own, HyLoadLangModule(copy, own, &word));
+    EXPECT_EQ(0u, word);
+    ::DeleteFileA(copy);
     EXPECT_FALSE(HyReleaseLangModule(own, own));
     EXPECT_FALSE(HyReleaseLangModule(nullptr, own));
 }
