@@ -137,90 +137,69 @@ TEST_F(TernEditTest, LimitSetOnALiveWindowAndRemoved)
     edit.DestroyWindow();
 }
 
-TEST_F(TernEditTest, PasteInsertsWhatFitsWithoutBeeping)
+// Pastes: whatever the way in, what fits goes in, never half a line break,
+// and a paste never beeps.
+struct PasteCase
 {
+    const char* name;
+    DWORD style;
+    int maxChars;           // 0: no limit of ours
+    const char* typed;      // typed first
+    int selStart, selEnd;   // then selected (-1: leave the caret at the end)
+    const char* clipboard;  // nullptr: an empty clipboard
+    bool ctrlV;             // Ctrl+V instead of WM_PASTE
+    int pastes;
+    const char* expected;
+};
+
+const PasteCase kPastes[] = {
+    { "WhatFitsGoesIn", ES_AUTOHSCROLL, 5, "ab", -1, -1, "0123456789", false, 1, "ab012" },
+    { "FullTakesNothingMore", ES_AUTOHSCROLL, 5, "ab", -1, -1, "0123456789", false, 2, "ab012" },
+    { "SelectionIsReplacedAndCountsAsRoom", ES_AUTOHSCROLL, 5, "abcde", 1, 4, "WXYZ", false, 1, "aWXYe" },
+    { "CtrlVTakesTheSamePath", ES_AUTOHSCROLL, 4, "", -1, -1, "pasted text", true, 1, "past" },
+    { "SingleLineTakesTheFirstLine", ES_AUTOHSCROLL, 0, "", -1, -1, "one\r\ntwo", false, 1, "one" },
+    { "MultiLineTakesEveryLine", ES_MULTILINE | ES_WANTRETURN, 0, "", -1, -1, "one\r\ntwo", false, 1, "one\r\ntwo" },
+    { "LineBreakIsNeverCutInHalf", ES_MULTILINE | ES_WANTRETURN, 4, "", -1, -1, "one\r\ntwo", false, 1, "one" },
+    { "ReadOnlyTakesNothing", ES_AUTOHSCROLL | ES_READONLY, 0, "", -1, -1, "text", false, 1, "" },
+    { "EmptyClipboardGivesNothing", ES_AUTOHSCROLL, 0, "", -1, -1, nullptr, false, 1, "" },
+};
+
+class TernEditPaste : public TernEditTest, public ::testing::WithParamInterface<PasteCase>
+{
+};
+
+TEST_P(TernEditPaste, InsertsWhatFitsWithoutBeeping)
+{
+    const PasteCase& c = GetParam();
     CTernEdit edit;
-    Make(edit);
-    edit.SetMaxChars(5);
-    hytest::Type(edit, "ab");
-    PutOnClipboard(frame, "0123456789");
-    edit.SendMessage(WM_PASTE);
-    EXPECT_EQ("ab012", Text(edit));
-    // Full: nothing more goes in, and still no beep.
-    edit.SendMessage(WM_PASTE);
-    EXPECT_EQ("ab012", Text(edit));
+    Make(edit, c.style);
+    if (c.maxChars > 0)
+        edit.SetMaxChars(c.maxChars);
+    hytest::Type(edit, c.typed);
+    if (c.selStart >= 0)
+        edit.SetSel(c.selStart, c.selEnd);
+    if (c.clipboard != nullptr)
+        PutOnClipboard(frame, c.clipboard);
+    else
+    {
+        ASSERT_TRUE(::OpenClipboard(frame));
+        ::EmptyClipboard();
+        ::CloseClipboard();
+    }
+    for (int i = 0; i < c.pastes; ++i)
+    {
+        if (c.ctrlV)
+            hytest::Char(edit, 0x16);
+        else
+            edit.SendMessage(WM_PASTE);
+    }
+    EXPECT_EQ(c.expected, Text(edit));
     EXPECT_EQ(0, beeps.Count());
     edit.DestroyWindow();
 }
 
-TEST_F(TernEditTest, PasteReplacesTheSelectionAndCountsItsRoom)
-{
-    CTernEdit edit;
-    Make(edit);
-    edit.SetMaxChars(5);
-    hytest::Type(edit, "abcde");
-    edit.SetSel(1, 4);
-    PutOnClipboard(frame, "WXYZ");
-    edit.SendMessage(WM_PASTE);
-    EXPECT_EQ("aWXYe", Text(edit));
-    EXPECT_EQ(0, beeps.Count());
-    edit.DestroyWindow();
-}
-
-TEST_F(TernEditTest, CtrlVTakesTheSamePath)
-{
-    CTernEdit edit;
-    Make(edit);
-    edit.SetMaxChars(4);
-    PutOnClipboard(frame, "pasted text");
-    hytest::Char(edit, 0x16);
-    EXPECT_EQ("past", Text(edit));
-    EXPECT_EQ(0, beeps.Count());
-    edit.DestroyWindow();
-}
-
-TEST_F(TernEditTest, SingleLinePasteTakesTheFirstLine)
-{
-    CTernEdit single;
-    Make(single);
-    PutOnClipboard(frame, "one\r\ntwo");
-    single.SendMessage(WM_PASTE);
-    EXPECT_EQ("one", Text(single));
-    single.DestroyWindow();
-
-    CTernEdit multi;
-    Make(multi, ES_MULTILINE | ES_WANTRETURN);
-    multi.SendMessage(WM_PASTE);
-    EXPECT_EQ("one\r\ntwo", Text(multi));
-    multi.DestroyWindow();
-
-    // A line break is never cut in half by the limit.
-    CTernEdit limited;
-    Make(limited, ES_MULTILINE | ES_WANTRETURN);
-    limited.SetMaxChars(4);
-    limited.SendMessage(WM_PASTE);
-    EXPECT_EQ("one", Text(limited));
-    limited.DestroyWindow();
-}
-
-TEST_F(TernEditTest, ReadOnlyAndEmptyClipboardPasteNothing)
-{
-    CTernEdit edit;
-    Make(edit, ES_AUTOHSCROLL | ES_READONLY);
-    PutOnClipboard(frame, "text");
-    edit.SendMessage(WM_PASTE);
-    EXPECT_EQ("", Text(edit));
-    edit.DestroyWindow();
-
-    CTernEdit other;
-    Make(other);
-    ASSERT_TRUE(::OpenClipboard(frame));
-    ::EmptyClipboard();
-    ::CloseClipboard();
-    other.SendMessage(WM_PASTE);
-    EXPECT_EQ("", Text(other));
-    other.DestroyWindow();
-}
+INSTANTIATE_TEST_SUITE_P(Table, TernEditPaste, ::testing::ValuesIn(kPastes),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(TernEditTest, DerivedEditorWrapsTheHostPaste)
 {
