@@ -60,7 +60,9 @@ start_wineserver() {
   if [ "${HY_WINE_DRIVER:-null}" = x11 ]; then prefix=$build/win/wineprefix-x11; fi
   export HY_WINEPREFIX=$prefix WINEPREFIX=$prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
   "$root/cmake/wine-run.sh" cmd /c exit >/dev/null 2>&1 || true   # creates the prefix once
-  wineserver -w      # the server of that run lingers; let it end first
+  # The server of that run lingers; let it end first. A persistent server
+  # left by an earlier, interrupted run never ends by itself: stop it.
+  timeout 10 wineserver -w || wineserver -k
   wineserver -p
   # The first program under a new server starts the prefix's background
   # services, which inherit its output and live as long as the server:
