@@ -71,7 +71,7 @@ CHyDatePicker::CHyDatePicker()
       flags(HYDP_DEFAULT_FLAGS), focusPart(0), focusCal(-1), rolloverCal(-1), rolloverPart(0), pressed(0),
       dayWidth(1), dayHeight(1), cols(1), rows(1), calCount(1), border(3), absCalWidth(-1),
       absCalHeight(-1), highlight(-1, -1, -1, 0), lastHighlight(-1, -1, -1, 0), calendars(nullptr),
-      startDate(-1, -1, -1, 0), hyAttributes(HYDPA_DEFAULT), timerRunning(0), dropDate(-1, -1, -1, 0)
+      startDate(-1, -1, -1, 0), hyAttributes(HYDPA_DEFAULT), timerRunning(0), wheelRemainder(0), dropDate(-1, -1, -1, 0)
 {
     tipDate.Empty();
 }
@@ -867,11 +867,13 @@ void CHyDatePicker::OnLButtonDown(UINT nFlags, CPoint point)
         if (!GridToDate(focusCal, cell, date, 1))
             break;
         const CHyCalMonth& cal = calendars[focusCal];
-        lastHighlight = highlight;
         if (date.month == cal.month && date.year == cal.year)
         {
             if ((flags & HYDP_HIGHLIGHT) && date == highlight)
                 break;
+            // Only here: a press on the highlighted day or on a neighbouring
+            // month's day leaves the day a drag snaps back to as it was.
+            lastHighlight = highlight;
             const CHyDate before = highlight;
             flags &= ~HYDP_HIGHLIGHT;
             SetHighlightDate(date.month, date.day, date.year, 0);
@@ -969,6 +971,7 @@ void CHyDatePicker::StepArrow(int nCalIndex, int nPart)
         if (!Is_MMYY_ValidForCurCal(month, year))
         {
             ::MessageBeep((UINT)-1);
+            focusPart = 0;
             RedrawAll();
             return;
         }
@@ -979,6 +982,7 @@ void CHyDatePicker::StepArrow(int nCalIndex, int nPart)
     if (!IsYearInLimits(year))
     {
         ::MessageBeep((UINT)-1);
+        focusPart = 0;
         RedrawAll();
         return;
     }
@@ -996,27 +1000,19 @@ void CHyDatePicker::OnLButtonUp(UINT nFlags, CPoint point)
     }
     ::ReleaseCapture();
     pressed = 0;
+    // Hit-tested again: the arrow under the release point acts, wherever the
+    // press began.
     const int cal = PtToCalIndex(point);
     const int part = PtToFocus(cal, point);
+    const bool arrowWasPressed = focusPart == HYPART_PREV_ARROW || focusPart == HYPART_NEXT_ARROW;
     if ((part == HYPART_PREV_ARROW || part == HYPART_NEXT_ARROW) && calendars)
-    {
-        // An arrow acts only when the button goes up on the arrow it went down on.
-        if (part == focusPart && cal == focusCal)
-            StepArrow(cal, part);
-        else if (focusPart == HYPART_PREV_ARROW || focusPart == HYPART_NEXT_ARROW)
-        {
-            focusPart = 0;
-            RedrawAll();
-        }
-    }
+        StepArrow(cal, part);
     else if (part == HYPART_DAY_GRID)
-    {
         PostParent();
-    }
-    else if (focusPart == HYPART_PREV_ARROW || focusPart == HYPART_NEXT_ARROW)
+    if (arrowWasPressed && focusPart != 0)
     {
         focusPart = 0;
-        RedrawAll();   // released elsewhere: the arrow is no longer pressed
+        RedrawAll();   // the pressed arrow returns to normal
     }
     focusPart = 0;
     focusCal = -1;
@@ -1025,21 +1021,19 @@ void CHyDatePicker::OnLButtonUp(UINT nFlags, CPoint point)
 
 void CHyDatePicker::OnLButtonDblClk(UINT nFlags, CPoint point)
 {
-    // Decided before the click is handled: a click on a neighbouring month's
-    // day scrolls the months, and that day never confirms.
+    // The click is handled first; what lies under the point afterwards (the
+    // months may have moved) decides whether a day was chosen.
+    SendMessage(WM_LBUTTONDOWN, nFlags, MAKELPARAM(point.x, point.y));
     CHyDate date;
     const int cal = PtToCalIndex(point);
-    bool ownDay = false;
     if (cal >= 0 && PtToFocus(cal, point) == HYPART_DAY_GRID)
     {
         CPoint cell;
         PtToGrid(cal, point, cell);
-        ownDay = GridToDate(cal, cell, date, 0) != 0;
+        if (GridToDate(cal, cell, date, 0))
+            if (CWnd* parent = GetParent())
+                parent->PostMessage(HYWM_DATEPICKER_CHOSEN, (WPARAM)HYPART_DAY_GRID << 16, 0);
     }
-    SendMessage(WM_LBUTTONDOWN, nFlags, MAKELPARAM(point.x, point.y));
-    if (ownDay)
-        if (CWnd* parent = GetParent())
-            parent->PostMessage(HYWM_DATEPICKER_CHOSEN, (WPARAM)HYPART_DAY_GRID << 16, 0);
 }
 
 void CHyDatePicker::RelayEvent(UINT message, WPARAM wParam, LPARAM lParam, LPCTSTR lpszText)
@@ -1129,17 +1123,20 @@ void CHyDatePicker::OnMouseMove(UINT nFlags, CPoint point)
 
 BOOL CHyDatePicker::OnMouseWheel(UINT nFlags, short zDelta, CPoint pt)
 {
-    // One month per notch, silently stopping at the year limits.
-    if (!calendars || zDelta == 0)
+    // One month per notch (up = earlier); a fine wheel's part-notches add up.
+    const int notches = hy::WheelNotches(wheelRemainder, zDelta);
+    if (!calendars || notches == 0)
         return TRUE;
     int month, year;
     GetDisplayMonth(&month, &year);
-    IncrMonth(month, year, zDelta > 0 ? -1 : 1);
-    if (IsYearInLimits(year))
+    IncrMonth(month, year, -notches);
+    if (!IsYearInLimits(year))
     {
-        SetDisplayMonth(month, year, 1);
-        PostParent();
+        ::MessageBeep((UINT)-1);   // refused like any step beyond the limits
+        return TRUE;
     }
+    SetDisplayMonth(month, year, 1);
+    PostParent();
     return TRUE;
 }
 

@@ -201,6 +201,7 @@ public:
     unsigned long hyAttributes;
     CArray<CHyDate, CHyDate&> events;
     int timerRunning;
+    int wheelRemainder;   // wheel delta not yet a whole notch
     CHyDate dropDate;         // day marked by a drag source (7536), year -1 for none
     CString tipText;          // text of the tooltip being shown
 };

@@ -205,4 +205,13 @@ int FindMonthByInitial(const char initials[12], char upperLetter, int start)
     return -1;
 }
 
+int WheelNotches(int& remainder, int delta)
+{
+    const int kWheelDelta = 120;
+    remainder += delta;
+    const int notches = remainder / kWheelDelta;   // toward zero: the remainder keeps its sign
+    remainder -= notches * kWheelDelta;
+    return notches;
+}
+
 } // namespace hy

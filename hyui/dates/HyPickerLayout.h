@@ -108,6 +108,11 @@ enum { kPickerMenuEntries = 9 };
 HYUI_API int PickerMenuEntries(int month, int year, bool yearMenu, int minYear, int maxMonth, int maxYear,
                                HyMonthYear entries[kPickerMenuEntries]);
 
+// Whole wheel notches (WHEEL_DELTA, 120, each) in remainder + delta; the
+// part of a notch left over stays in remainder for the next message, so
+// 240 gives 2 and two deltas of 60 give 0, then 1.
+HYUI_API int WheelNotches(int& remainder, int delta);
+
 // Typed month search over the upper-cased first letters of the twelve names:
 // from start (-1 taken as 0) to 11, then 0 to start - 1. 1-based month or -1.
 HYUI_API int FindMonthByInitial(const char initials[12], char upperLetter, int start);

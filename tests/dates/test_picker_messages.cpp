@@ -81,12 +81,54 @@ TEST_F(PickerTest, DragFollowsTheMouseAndSnapsBackBeyondFortyPixels)
     hytest::MouseMove(picker, c.x, c.y);
     CRect client;
     picker.GetClientRect(&client);
-    hytest::MouseMove(picker, c.x, client.bottom + 30);   // still within 40 pixels: nearest day
-    hytest::MouseMove(picker, c.x, client.bottom + 60);   // beyond: back to the day of the button-down
-    hytest::MouseUp(picker, c.x, client.bottom + 60);
-    EXPECT_TRUE(notify.Matches({Sel(2005, 11, 17), Sel(2005, 11, 18), Sel(2005, 11, 30), Sel(2005, 11, 15)}));
+    // 40 pixels past the last row still follows (the nearest day); 41 snaps
+    // back to the day highlighted before the button-down. Left edge likewise.
+    hytest::MouseMove(picker, c.x, client.bottom - 1 + 40);
+    hytest::MouseMove(picker, c.x, client.bottom - 1 + 41);
+    hytest::MouseMove(picker, -40, c.y);
+    hytest::MouseMove(picker, -41, c.y);
+    hytest::MouseUp(picker, -41, c.y);
+    EXPECT_TRUE(notify.Matches({Sel(2005, 11, 17), Sel(2005, 11, 18), Sel(2005, 11, 30), Sel(2005, 11, 15),
+                                Sel(2005, 11, 13), Sel(2005, 11, 15)}));
     ExpectHighlight(2005, 11, 15);
     EXPECT_EQ(::GetCapture(), nullptr);
+}
+
+TEST_F(PickerTest, OnlyAPressThatMovesTheHighlightSetsTheDayADragSnapsBackTo)
+{
+    Create();
+    const CPoint a = DayPoint(2005, 11, 20), grey = DayPoint(2005, 12, 2, 0);
+    hytest::Click(picker, a.x, a.y);          // 15 -> 20: a drag now snaps back to 15
+    hytest::MouseDown(picker, a.x, a.y);      // the highlighted day again: nothing new
+    hytest::MouseMove(picker, -41, a.y);
+    hytest::MouseUp(picker, -41, a.y);
+    ExpectHighlight(2005, 11, 15);
+    hytest::Click(picker, grey.x, grey.y);    // a neighbouring day: nothing new either
+    hytest::MouseDown(picker, a.x, a.y);      // 2 December -> 20 November
+    hytest::MouseMove(picker, -41, a.y);
+    hytest::MouseUp(picker, -41, a.y);
+    ExpectHighlight(2005, 12, 2);
+}
+
+TEST_F(PickerTest, MouseWheelStepsWholeNotchesAndBeepsBeyondTheLimits)
+{
+    Create(3, 1, 11, 2005);
+    hytest::BeepRecorder beeps;
+    hytest::MouseWheel(picker, 10, 10, -240);   // down: two months later
+    ExpectDisplay(1, 2006);
+    hytest::MouseWheel(picker, 10, 10, 60);     // half a notch: kept
+    ExpectDisplay(1, 2006);
+    hytest::MouseWheel(picker, 10, 10, 60);
+    ExpectDisplay(12, 2005);
+    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2006, 1, 15), MonthsChanged(), Sel(2006, 1, 15)}));
+    EXPECT_EQ(beeps.Count(), 0);
+
+    picker.SetDisplayMonth(1, 1970, 0);
+    Clear();
+    hytest::MouseWheel(picker, 10, 10, 120);    // December 1969: refused
+    ExpectDisplay(1, 1970);
+    EXPECT_EQ(beeps.Count(), 1);
+    EXPECT_TRUE(notify.Matches({}));
 }
 
 TEST_F(PickerTest, DoubleClickOnADayPostsChosenToTheParentBetweenTheReports)
@@ -113,6 +155,19 @@ TEST_F(PickerTest, DoubleClickOnTheHeaderDoesNotConfirm)
     EXPECT_EQ(parent.Count(HYWM_DATEPICKER_CHOSEN), 0u);
 }
 
+TEST_F(PickerTest, DoubleClickJudgesTheDayUnderThePointAfterItsOwnButtonDown)
+{
+    Create(3, 1, 9, 2005, false);
+    // 1 December, greyed in November's grid: the button-down moves the months
+    // on, and the same cell then shows 29 December, a day of its own month.
+    const CPoint at = DayPoint(2005, 12, 1, 2);
+    picker.SendMessage(WM_LBUTTONDBLCLK, 0, MAKELPARAM(at.x, at.y));
+    hytest::MouseUp(picker, at.x, at.y);
+    ExpectDisplay(10, 2005);
+    ExpectHighlight(2005, 12, 1);
+    EXPECT_EQ(parent.Count(HYWM_DATEPICKER_CHOSEN), 1u);
+}
+
 // ---- header arrows and captions ---------------------------------------------
 
 TEST_F(PickerTest, NextArrowMovesTheMonthsAtTheButtonUp)
@@ -135,6 +190,21 @@ TEST_F(PickerTest, PreviousArrowStepsBackOneMonth)
     ExpectDisplay(10, 2005);
     // November is still shown (now second), so the highlight stays on it.
     EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2005, 11, 15)}));
+}
+
+TEST_F(PickerTest, TheArrowUnderTheReleaseActsWhereverThePressBegan)
+{
+    Create();
+    const CPoint day = DayPoint(2005, 11, 20), prev = Centre(Parts(0).prevArrow), next = Centre(Parts(2).nextArrow);
+    hytest::MouseDown(picker, day.x, day.y);
+    hytest::MouseUp(picker, next.x, next.y);
+    ExpectDisplay(12, 2005);
+    hytest::MouseDown(picker, prev.x, prev.y);
+    hytest::MouseUp(picker, next.x, next.y);
+    ExpectDisplay(1, 2006);
+    hytest::MouseDown(picker, next.x, next.y);
+    hytest::MouseUp(picker, day.x, day.y);      // released off the arrows: no step
+    ExpectDisplay(1, 2006);
 }
 
 TEST_F(PickerTest, NextArrowOfACalendarNotInTheLastColumnDoesNothing)
