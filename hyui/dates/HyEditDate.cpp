@@ -111,9 +111,9 @@ int CHyEditDate::ReadFormat()
     const TCHAR chSeparator = separator.IsEmpty() ? '/' : separator[0];
     const CString text = CurrentText();
     const int parsed = CIntlTime::ParseDateFromFormat(picture, text, chSeparator, &year, &month, &day);
-    // A failed parse leaves the parts at -1; only a parsed year gets a century.
-    if (parsed)
-        year = hy::ExpandEntryYear(year, minYear);
+    // The year step runs whatever the parse gave: a failed parse leaves the
+    // year at -1, which deliberately reads as 1999 with the default minYear.
+    year = hy::ExpandEntryYear(year, minYear);
     return parsed;
 }
 

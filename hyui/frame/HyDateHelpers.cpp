@@ -6,6 +6,8 @@
 
 namespace {
 constexpr int kJapaneseEraCalendar = 3;   // CAL_JAPAN
+constexpr long kLongMin = -2147483647L - 1;   // 1901-12-13 20:45:52 UTC
+constexpr long kLongMax = 2147483647L;        // 2038-01-19 03:14:07 UTC
 }
 
 CString HyGetDate(double date, int shortFormat)
@@ -54,5 +56,10 @@ long HyGetValidCTime(int year, int month, int day, int hour, int minute, int sec
     CTime result;
     if (!HyGetCTimeValid(year, month, day, hour, minute, second, result, dst))
         return -1;
-    return (long)result.GetTime();
+    // The answer is a 32-bit long: a time it cannot hold is refused, never
+    // wrapped (CTime itself holds 64 bits and keeps such times).
+    const long long t = (long long)result.GetTime();
+    if (t < (long long)kLongMin || t > (long long)kLongMax)
+        return -1;
+    return (long)t;
 }

@@ -149,6 +149,33 @@ TEST(HyGetCTimeValidTest, UnrepresentableTimeReportsFailure)
     EXPECT_EQ(-1, HyGetValidCTime(1969, 12, 31, 0, 0, 0, 0));
 }
 
+// The time_t that HyGetValidCTime answers is a 32-bit long: the last second
+// it can hold is 2038-01-19 03:14:07 UTC, whatever the zone.
+struct LongLimitCase { const char* tz; int year, month, day, hour, minute, second; long expected; };
+const LongLimitCase kLongLimits[] = {
+    { "UTC0", 2038, 1, 19, 3, 14, 7, 2147483647L },
+    { "UTC0", 2038, 1, 19, 3, 14, 8, -1 },
+    { "UTC0", 2040, 1, 1, 0, 0, 0, -1 },
+    { "EST5", 2038, 1, 18, 22, 14, 7, 2147483647L },
+    { "EST5", 2038, 1, 18, 22, 14, 8, -1 },
+};
+
+TEST(HyGetCTimeValidTest, ValidCTimeRefusesWhatALongCannotHold)
+{
+    for (const LongLimitCase& c : kLongLimits)
+    {
+        TimeZone zone(c.tz);
+        EXPECT_EQ(c.expected, HyGetValidCTime(c.year, c.month, c.day, c.hour, c.minute, c.second, 0))
+            << c.tz << " " << c.year << "-" << c.month << "-" << c.day << " " << c.hour << ":" << c.minute << ":"
+            << c.second;
+    }
+    // The CTime form holds 64 bits and keeps such times.
+    TimeZone utc("UTC0");
+    CTime out;
+    EXPECT_EQ(1, HyGetCTimeValid(2040, 1, 1, 0, 0, 0, out, 0));
+    EXPECT_EQ(2208988800LL, (long long)out.GetTime());
+}
+
 TEST(HyDateTest, EqualityIgnoresFlagsAndAnswersOneOrZero)
 {
     CHyDate a(2005, 3, 1, 0), b(2005, 3, 1, 7), c(2005, 3, 2, 0);
