@@ -9,6 +9,9 @@
 #                  (Google Benchmark, callgrind) and, under Wine, the date
 #                  picker against the month calendar (docs/benchmarks.md);
 #                  further arguments go to bench_datepicker.exe
+#   ./hy fuzz [s]  setup, build the libFuzzer targets (tests/fuzz/) and fuzz
+#                  each for s seconds (default 60); new inputs are kept in
+#                  build/native/fuzz-corpus/, findings in build/native/fuzz-findings/
 set -euo pipefail
 root=$(cd "$(dirname "$0")" && pwd)
 build=${HY_BUILD_DIR:-$root/build}
@@ -99,5 +102,19 @@ case "$cmd" in
     echo "== date picker against the month calendar (Wine) =="
     "$root/cmake/wine-run.sh" "$build/win/bin/bench_datepicker.exe" "${@:2}"
     ;;
-  *) echo "usage: ./hy [test|gallery|setup|build|bench]" >&2; exit 2 ;;
+  fuzz)
+    setup
+    cmake -S "$root" -B "$build/native" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+          -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang >/dev/null
+    for src in "$root"/tests/fuzz/fuzz_*.cpp; do
+      target=$(basename "$src" .cpp); name=${target#fuzz_}
+      cmake --build "$build/native" -j "$jobs" --target "$target"
+      work=$build/native/fuzz-corpus/$name findings=$build/native/fuzz-findings/$name
+      mkdir -p "$work" "$findings"
+      echo "== $target for ${2:-60} s =="
+      "$build/native/tests/fuzz/$target" -max_total_time="${2:-60}" -print_final_stats=1 \
+          -artifact_prefix="$findings/" "$work" "$root/tests/fuzz/corpus/$name"
+    done
+    ;;
+  *) echo "usage: ./hy [test|gallery|setup|build|bench|fuzz]" >&2; exit 2 ;;
 esac

@@ -1,6 +1,7 @@
 // HyAfx: COleDateTime and COleDateTimeSpan.
 #include "afxdisp.h"
 #include "afxspan.h"
+#include "HyOleDate.h"
 
 #include <math.h>
 #include <stdio.h>
@@ -8,11 +9,9 @@
 
 namespace {
 
-const long kMinDays = -657434;   // 1 January 100
-const long kMaxDays = 2958465;   // 31 December 9999
 const long kSecsPerDay = 24 * 60 * 60;
-const long kDaysFrom1970To1899 = 25569;   // 30 December 1899 is day -25569 of the Unix epoch
 
+// The calendar fields of a DATE, from the one OLE-date engine (core/).
 struct DateParts
 {
     int nYear, nMonth, nDay, nHour, nMinute, nSecond;
@@ -20,79 +19,20 @@ struct DateParts
     int nDayOfYear;   // 1 = 1 January
 };
 
-bool IsLeapYear(long nYear)
-{
-    return (nYear % 4 == 0 && nYear % 100 != 0) || nYear % 400 == 0;
-}
-
-int DaysInMonth(long nYear, int nMonth)
-{
-    static const int s_days[12] = { 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31 };
-    return nMonth == 2 && IsLeapYear(nYear) ? 29 : s_days[nMonth - 1];
-}
-
-// Days since 1 January 1970 of a proleptic Gregorian date; counts whole
-// 400-year cycles (146097 days) so that it is exact for every year >= 1.
-long DaysFromCivil(long nYear, int nMonth, int nDay)
-{
-    long y = nYear - (nMonth <= 2 ? 1 : 0);   // the year runs March..February
-    long nCycle = (y >= 0 ? y : y - 399) / 400;
-    long nYearOfCycle = y - nCycle * 400;
-    long nMonthFromMarch = nMonth > 2 ? nMonth - 3 : nMonth + 9;
-    long nDayOfYear = (153 * nMonthFromMarch + 2) / 5 + nDay - 1;
-    long nDayOfCycle = nYearOfCycle * 365 + nYearOfCycle / 4 - nYearOfCycle / 100 + nDayOfYear;
-    return nCycle * 146097 + nDayOfCycle - 719468;
-}
-
-void CivilFromDays(long nDays, long& nYear, int& nMonth, int& nDay)
-{
-    nDays += 719468;   // count from 1 March of year 0
-    long nCycle = (nDays >= 0 ? nDays : nDays - 146096) / 146097;
-    long nDayOfCycle = nDays - nCycle * 146097;
-    long nYearOfCycle = (nDayOfCycle - nDayOfCycle / 1460 + nDayOfCycle / 36524
-                         - nDayOfCycle / 146096) / 365;
-    long nDayOfYear = nDayOfCycle - (365 * nYearOfCycle + nYearOfCycle / 4 - nYearOfCycle / 100);
-    long nMonthFromMarch = (5 * nDayOfYear + 2) / 153;
-    nDay = (int)(nDayOfYear - (153 * nMonthFromMarch + 2) / 5 + 1);
-    nMonth = (int)(nMonthFromMarch < 10 ? nMonthFromMarch + 3 : nMonthFromMarch - 9);
-    nYear = nYearOfCycle + nCycle * 400 + (nMonth <= 2 ? 1 : 0);
-}
-
 // Builds a DATE from parts; false when a part is out of range.
 bool DateFromParts(int nYear, int nMonth, int nDay, int nHour, int nMin, int nSec, DATE& dtDest)
 {
-    if (nYear < 100 || nYear > 9999 || nMonth < 1 || nMonth > 12
-        || nDay < 1 || nDay > DaysInMonth(nYear, nMonth)
-        || nHour < 0 || nHour > 23 || nMin < 0 || nMin > 59 || nSec < 0 || nSec > 59)
-        return false;
-    long nDays = DaysFromCivil(nYear, nMonth, nDay) + kDaysFrom1970To1899;
-    double dblTime = (nHour * 3600 + nMin * 60 + nSec) / (double)kSecsPerDay;
-    // Before the epoch the time of day is subtracted: the fraction counts in absolute value.
-    dtDest = nDays >= 0 ? nDays + dblTime : nDays - dblTime;
-    return true;
+    const HyDateTimeParts parts{nYear, nMonth, nDay, nHour, nMin, nSec, 0, 0};
+    return hy::PartsToOleDate(parts, dtDest);
 }
 
 // Splits a DATE into parts, rounded to the nearest second.
 bool PartsFromDate(DATE dtSrc, DateParts& parts)
 {
-    if (!(dtSrc > kMinDays - 1.0 && dtSrc < kMaxDays + 1.0))
+    HyDateTimeParts p{};
+    if (!hy::OleDateToParts(dtSrc, p))
         return false;
-    // Round in absolute value, where the fraction counts forward on both sides of zero.
-    long long nTotalSecs = llround(fabs(dtSrc) * kSecsPerDay);
-    long nDaysAbs = (long)(nTotalSecs / kSecsPerDay);
-    long nSecsOfDay = (long)(nTotalSecs % kSecsPerDay);
-    long nDays = dtSrc < 0 ? -nDaysAbs : nDaysAbs;
-    if (nDays < kMinDays || nDays > kMaxDays)
-        return false;
-    long nYear;
-    CivilFromDays(nDays - kDaysFrom1970To1899, nYear, parts.nMonth, parts.nDay);
-    parts.nYear = (int)nYear;
-    parts.nHour = (int)(nSecsOfDay / 3600);
-    parts.nMinute = (int)(nSecsOfDay / 60 % 60);
-    parts.nSecond = (int)(nSecsOfDay % 60);
-    // 30 December 1899 was a Saturday.
-    parts.nDayOfWeek = (int)(((nDays % 7) + 7 + 6) % 7);
-    parts.nDayOfYear = (int)(nDays - kDaysFrom1970To1899 - DaysFromCivil(nYear, 1, 1) + 1);
+    parts = DateParts{p.year, p.month, p.day, p.hour, p.minute, p.second, p.dayOfWeek, p.dayOfYear};
     return true;
 }
 

@@ -1,6 +1,6 @@
 #include "HyDateRules.h"
 
-#include "HyCalMonth.h"
+#include "HyCalendar.h"
 
 namespace hy {
 
@@ -8,8 +8,7 @@ bool IsValidEntryDate(int year, int month, int day, int minYear, int maxYear)
 {
     if (year < minYear || year > maxYear || month < 1 || month > 12 || day < 1)
         return false;
-    const int leap = CHyCalMonth::IsLeapYear(year) ? 1 : 0;
-    return day <= CHyCalMonth::s_daysInMonth[leap * 12 + month];
+    return day <= BritishDaysInMonth(year, month);
 }
 
 int ExpandEntryYear(int year, int minYear)

@@ -1,5 +1,7 @@
 #include "HyCalMonth.h"
 
+#include "HyCalendar.h"
+
 #include <cstddef>
 #include <cstring>
 
@@ -12,32 +14,8 @@ static_assert(offsetof(CHyCalMonth, year) == 340);
 static_assert(offsetof(CHyCalMonth, mondayFirst) == 344);
 static_assert(sizeof(CHyCalMonth) == 348);
 
-namespace {
-
-// Day numbers count from 1 January of year 1 = day 1.
-constexpr int kFirstGapDay = 639787; // intended: 22 August 1752, twelve days before the real gap
-constexpr int kGapLength = 11;
-constexpr int kSaturday = 6;         // weekday of day 1
-constexpr int kThursday = 4;
-
-} // namespace
-
-// Stride 12, not 13: the leap row starts right behind the common December,
-// and the single -1 in front serves both rows (intended).
-const int CHyCalMonth::s_daysInMonth[25] = {
-    -1,
-    31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31,
-    31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31,
-};
-
-const int CHyCalMonth::s_september1752[CellCount] = {
-    -1, -1, 1,  2,  14, 15, 16,
-    17, 18, 19, 20, 21, 22, 23,
-    24, 25, 26, 27, 28, 29, 30,
-    -1, -1, -1, -1, -1, -1, -1,
-    -1, -1, -1, -1, -1, -1, -1,
-    -1, -1, -1, -1, -1, -1, -1,
-};
+const int (&CHyCalMonth::s_daysInMonth)[25] = hy::kDaysInMonth;
+const int (&CHyCalMonth::s_september1752)[CHyCalMonth::CellCount] = hy::kSeptember1752;
 
 // The cells are deliberately left unset until SetMonth.
 CHyCalMonth::CHyCalMonth(short mondayFirstFlag) : mondayFirst(mondayFirstFlag) {}
@@ -132,44 +110,30 @@ void CHyCalMonth::GetCellDate(int cell, int& day, int& monthOut, int& yearOut) c
 
 int CHyCalMonth::DayOfWeek(int day, int monthOfDay, int yearOfDay)
 {
-    const int t = (yearOfDay - 1) * 365 + LeapYearsSinceYear1(yearOfDay - 1)
-                + DayInYear(day, monthOfDay, yearOfDay);
-    if (t < kFirstGapDay)
-        return (t - 1 + kSaturday) % 7;
-    if (t >= kFirstGapDay + kGapLength)
-        return (t - 1 + kSaturday - kGapLength) % 7;
-    // Intended: every day of the (early) gap window answers Thursday.
-    return kThursday;
+    return hy::BritishDayOfWeek(day, monthOfDay, yearOfDay);
 }
 
 int CHyCalMonth::DayInYear(int day, int monthOfDay, int yearOfDay)
 {
-    const int row = IsLeapYear(yearOfDay) * 12;
-    for (int m = 1; m < monthOfDay; ++m)
-        day += s_daysInMonth[row + m];
-    return day;
+    return hy::BritishDayInYear(day, monthOfDay, yearOfDay);
 }
 
 int CHyCalMonth::IsLeapYear(int yearToTest)
 {
-    if (yearToTest <= 1752)
-        return yearToTest % 4 == 0;
-    return (yearToTest % 4 == 0 && yearToTest % 100 != 0) || yearToTest % 400 == 0;
+    return hy::IsBritishLeapYear(yearToTest);
 }
 
 int CHyCalMonth::LeapYearsSinceYear1(int yearToCount)
 {
-    // Intended: the century rules count from 1700 and 1600, not from 1752.
-    return yearToCount / 4 - CenturiesSince1700(yearToCount)
-         + QuadCenturiesSince1700(yearToCount);
+    return hy::BritishLeapDaysThrough(yearToCount);
 }
 
 int CHyCalMonth::CenturiesSince1700(int yearToCount)
 {
-    return yearToCount > 1700 ? yearToCount / 100 - 17 : 0;
+    return hy::BritishCenturiesSince1700(yearToCount);
 }
 
 int CHyCalMonth::QuadCenturiesSince1700(int yearToCount)
 {
-    return yearToCount > 1600 ? (yearToCount - 1600) / 400 : 0;
+    return hy::BritishQuadCenturiesSince1700(yearToCount);
 }

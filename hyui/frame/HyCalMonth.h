@@ -1,7 +1,8 @@
 // CHyCalMonth: the 42-cell grid of one displayed month (six weeks of seven
 // days, Sunday or Monday first) on the British calendar: Julian leap years up
 // to 1752, Gregorian after, and 3..13 September 1752 missing.
-// Pure integer arithmetic; no allocation, no platform calls.
+// Pure integer arithmetic; no allocation, no platform calls. The calendar
+// rules themselves live in core/HyCalendar; this class lays out the grid.
 #pragma once
 
 #include "HyUIExport.h"
@@ -31,9 +32,10 @@ public:
     static int QuadCenturiesSince1700(int year);
 
     // Days in month, indexed by leap * 12 + month. Entry 0 is never read.
-    static const int s_daysInMonth[25];
+    // Both tables are the calendar core's own (core/HyCalendar.h).
+    static const int (&s_daysInMonth)[25];
     // The fixed grid of September 1752 (Sunday first); -1 marks an empty cell.
-    static const int s_september1752[CellCount];
+    static const int (&s_september1752)[CellCount];
 
     int cellMonth[CellCount];
     int cellDay[CellCount];

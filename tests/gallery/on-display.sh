@@ -34,7 +34,7 @@ wait_for() {
 }
 gallery_geometry() {
   geometry=$(xwininfo -root -tree 2>/dev/null |
-             sed -n 's/.*"HyUI Gallery".*  \([0-9]*x[0-9]*+-\?[0-9]*+-\?[0-9]*\)  .*/\1/p' | head -1)
+             sed -n 's/.*"HyUI Gallery[^"]*".*  \([0-9]*x[0-9]*+-\?[0-9]*+-\?[0-9]*\)  .*/\1/p' | head -1)
   [ -n "$geometry" ]
 }
 # Drawn: the window's rectangle of the screen holds more than 16 colours.

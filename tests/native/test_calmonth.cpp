@@ -1,4 +1,6 @@
 #include "HyCalMonth.h"
+#include "calendar_model.h"
+#include "HyCalendar.h"
 
 #include <gtest/gtest.h>
 
@@ -9,18 +11,10 @@ namespace {
 
 // ---- An independent model of the British calendar, for the checks below ----
 
-bool ModelIsLeap(int year)
-{
-    if (year < 1753)
-        return year % 4 == 0; // Julian
-    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-}
-
 // Number of the last day of a month (30 for September 1752 too).
 int ModelLastDay(int year, int month)
 {
-    static const int lengths[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return month == 2 && ModelIsLeap(year) ? 29 : lengths[month - 1];
+    return model::BritishLastDay(year, month);
 }
 
 // Days the month really has: September 1752 lost 3..13.
@@ -121,13 +115,25 @@ TEST(CalMonthLeapYears, CenturyCorrectionsCountFrom1700And1600)
     EXPECT_EQ(498, CHyCalMonth::LeapYearsSinceYear1(2000));
 }
 
+TEST(CalendarMonthLengths, BothCalendarsAgreeWithTheModelFromYear1To4000)
+{
+    for (int year = 1; year <= 4000; ++year)
+        for (int month = 1; month <= 12; ++month) {
+            ASSERT_EQ(model::GregorianMonthLength(year, month), hy::GregorianDaysInMonth(year, month)) << year << "-" << month;
+            ASSERT_EQ(model::BritishLastDay(year, month), hy::BritishDaysInMonth(year, month)) << year << "-" << month;
+        }
+    for (int month : {0, 13, -1}) {
+        EXPECT_EQ(0, hy::GregorianDaysInMonth(2000, month));
+        EXPECT_EQ(0, hy::BritishDaysInMonth(2000, month));
+    }
+}
+
 TEST(CalMonthLeapYears, DaysInMonthTableHasStride12AndOneSentinel)
 {
-    const int common[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     EXPECT_EQ(-1, CHyCalMonth::s_daysInMonth[0]);
     for (int m = 1; m <= 12; ++m) {
-        EXPECT_EQ(common[m - 1], CHyCalMonth::s_daysInMonth[m]) << m;
-        EXPECT_EQ(m == 2 ? 29 : common[m - 1], CHyCalMonth::s_daysInMonth[12 + m]) << m;
+        EXPECT_EQ(model::GregorianMonthLength(2001, m), CHyCalMonth::s_daysInMonth[m]) << m;
+        EXPECT_EQ(model::GregorianMonthLength(2004, m), CHyCalMonth::s_daysInMonth[12 + m]) << m;
     }
 }
 

@@ -1,22 +1,12 @@
 // The date field's entry rules: which typed dates are accepted, and which
 // century a two-digit year lands in.
 #include "HyDateRules.h"
+#include "calendar_model.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 
-namespace {
-
-// An independent model of the month lengths of the British calendar.
-int ModelMonthLength(int year, int month)
-{
-    static const int lengths[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = year <= 1752 ? year % 4 == 0 : (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return month == 2 && leap ? 29 : lengths[month - 1];
-}
-
-} // namespace
 
 // ---- the leap day ----
 
@@ -38,7 +28,7 @@ TEST(EditDateRulesLeapDay, MonthLengthsAgreeWithTheCalendarOverFiveCenturies)
     for (int year = 1600; year <= 2100; ++year)
         for (int month = 1; month <= 12; ++month)
         {
-            const int length = ModelMonthLength(year, month);
+            const int length = model::BritishLastDay(year, month);
             ASSERT_TRUE(hy::IsValidEntryDate(year, month, length, 1600, 2100)) << year << "-" << month;
             ASSERT_FALSE(hy::IsValidEntryDate(year, month, length + 1, 1600, 2100)) << year << "-" << month;
         }

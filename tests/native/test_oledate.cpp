@@ -1,6 +1,8 @@
 #include "HyDate.h"
 #include "HyOleDate.h"
 
+#include "calendar_model.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -47,14 +49,6 @@ HyDateTimeParts Convert(double ole)
     HyDateTimeParts p = Parts(0, 0, 0);
     EXPECT_TRUE(hy::OleDateToParts(ole, p)) << ole;
     return p;
-}
-
-// Days in a month by the proleptic Gregorian rule, written apart from the code.
-int ModelDays(int year, int month)
-{
-    if (month == 2)
-        return year % 400 == 0 || (year % 100 != 0 && year % 4 == 0) ? 29 : 28;
-    return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
 }
 
 } // namespace
@@ -232,7 +226,7 @@ TEST(OleDateRoundTrip, EveryDayOfTheRange)
     for (int year = 100; year <= 9999 && mismatches < 5; ++year) {
         int dayOfYear = 0;
         for (int month = 1; month <= 12; ++month) {
-            for (int day = 1; day <= ModelDays(year, month); ++day, ++serial) {
+            for (int day = 1; day <= model::GregorianMonthLength(year, month); ++day, ++serial) {
                 ++dayOfYear;
                 const int secs = static_cast<int>((serial * 7919 % 86400 + 86400) % 86400);
                 const HyDateTimeParts in = Parts(year, month, day, secs / 3600, secs / 60 % 60, secs % 60);

@@ -6,9 +6,11 @@
 // 29 December 1899 06:00. Valid dates run from 1 January 100 to
 // 31 December 9999 on the proleptic Gregorian calendar (no 1752 gap here,
 // unlike CHyCalMonth). Platform-free; times are rounded to whole seconds.
+// The one OLE-date engine: COleDateTime and the library both use it.
 #pragma once
 
-#include "HyUIExport.h"
+#include "HyCalendar.h"
+
 
 struct HyDateTimeParts
 {
@@ -27,29 +29,25 @@ namespace hy {
 constexpr double kOleDateMin = -657434.0;  // 1 January 100
 constexpr double kOleDateMax = 2958465.0;  // 31 December 9999
 
-// Proleptic Gregorian rules, as OLE dates use them.
-HYUI_API bool IsGregorianLeapYear(int year);
-// 0 for a month outside 1..12.
-HYUI_API int GregorianDaysInMonth(int year, int month);
 // Year within 100..9999, month within 1..12, day within the month.
-HYUI_API bool IsValidOleCalendarDate(int year, int month, int day);
+bool IsValidOleCalendarDate(int year, int month, int day);
 
 // True only for a date after 30 December 1899 00:00; false for zero,
 // negative values and NaN. Dates that fail this are shown as no date.
-HYUI_API bool IsPositiveOleDate(double date);
+bool IsPositiveOleDate(double date);
 
 // Splits an OLE date into its fields, rounding the time to the nearest
 // second (half a second rounds up, into the next day if need be). Returns
 // false, leaving parts untouched, for NaN, infinities and dates outside
 // 1 January 100 .. 31 December 9999.
-HYUI_API bool OleDateToParts(double date, HyDateTimeParts& parts);
+bool OleDateToParts(double date, HyDateTimeParts& parts);
 
 // Builds the OLE date of year..second (dayOfWeek and dayOfYear are ignored).
 // Returns false, leaving date untouched, when a field is out of range or the
 // day does not exist (31 April, 29 February 1900).
-HYUI_API bool PartsToOleDate(const HyDateTimeParts& parts, double& date);
+bool PartsToOleDate(const HyDateTimeParts& parts, double& date);
 
 // The OLE date of a day at 00:00:00; same checks as PartsToOleDate.
-HYUI_API bool DateToOleDate(int year, int month, int day, double& date);
+bool DateToOleDate(int year, int month, int day, double& date);
 
 } // namespace hy

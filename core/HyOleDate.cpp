@@ -4,26 +4,37 @@
 
 namespace {
 
-constexpr int kSecondsPerDay = 24 * 60 * 60;
+constexpr long long kSecondsPerDay = 24 * 60 * 60;
+constexpr long long kDaysPerCycle = 146097;      // 400 Gregorian years
+constexpr long long kEpochFromMarchYear0 = 693899; // 30 December 1899, counted from 1 March of year 0
 
-// Cumulative days before each month of a common year.
-constexpr int kDaysBeforeMonth[13] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365};
-
-// Days from 1 January of year 1 (day 1) up to the end of the given year.
-constexpr long long DaysThroughYear(long long year)
+// Days from 1 March of year 0 of a proleptic Gregorian date. The year is
+// taken to run from March to February, so the leap day falls at its end and
+// the month offsets are a fixed formula; exact for every year >= 0.
+constexpr long long DaysFromMarchYear0(long long year, int month, int day)
 {
-    return year * 365 + year / 4 - year / 100 + year / 400;
+    const long long y = year - (month <= 2 ? 1 : 0);
+    const long long cycle = y / 400;
+    const long long yearOfCycle = y - cycle * 400;
+    const long long monthFromMarch = month > 2 ? month - 3 : month + 9;
+    const long long dayOfYear = (153 * monthFromMarch + 2) / 5 + day - 1;
+    return cycle * kDaysPerCycle + yearOfCycle * 365 + yearOfCycle / 4 - yearOfCycle / 100 + dayOfYear;
 }
+static_assert(DaysFromMarchYear0(1899, 12, 30) == kEpochFromMarchYear0);
 
-constexpr int DayInGregorianYear(int year, int month, int day)
+// The inverse of DaysFromMarchYear0 for day numbers >= 0.
+void CivilFromMarchYear0(long long days, int& year, int& month, int& day)
 {
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return kDaysBeforeMonth[month - 1] + (leap && month > 2 ? 1 : 0) + day;
+    const long long cycle = days / kDaysPerCycle;
+    const long long dayOfCycle = days - cycle * kDaysPerCycle;
+    const long long yearOfCycle =
+        (dayOfCycle - dayOfCycle / 1460 + dayOfCycle / 36524 - dayOfCycle / 146096) / 365;
+    const long long dayOfYear = dayOfCycle - (365 * yearOfCycle + yearOfCycle / 4 - yearOfCycle / 100);
+    const long long monthFromMarch = (5 * dayOfYear + 2) / 153;
+    day = static_cast<int>(dayOfYear - (153 * monthFromMarch + 2) / 5 + 1);
+    month = static_cast<int>(monthFromMarch < 10 ? monthFromMarch + 3 : monthFromMarch - 9);
+    year = static_cast<int>(yearOfCycle + cycle * 400 + (month <= 2 ? 1 : 0));
 }
-
-// Day number (1 January 1 = 1) of 30 December 1899, OLE day zero.
-constexpr long long kOleEpochDayNumber = DaysThroughYear(1898) + DayInGregorianYear(1899, 12, 30);
-static_assert(kOleEpochDayNumber == 693594);
 
 // 30 December 1899 was a Saturday.
 constexpr int kEpochWeekday = 6;
@@ -31,20 +42,6 @@ constexpr int kEpochWeekday = 6;
 } // namespace
 
 namespace hy {
-
-bool IsGregorianLeapYear(int year)
-{
-    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-}
-
-int GregorianDaysInMonth(int year, int month)
-{
-    if (month < 1 || month > 12)
-        return 0;
-    if (month == 2)
-        return IsGregorianLeapYear(year) ? 29 : 28;
-    return kDaysBeforeMonth[month] - kDaysBeforeMonth[month - 1];
-}
 
 bool IsValidOleCalendarDate(int year, int month, int day)
 {
@@ -75,31 +72,17 @@ bool OleDateToParts(double date, HyDateTimeParts& parts)
     if (serial < static_cast<long long>(kOleDateMin) || serial > static_cast<long long>(kOleDateMax))
         return false;
 
-    const long long dayNumber = serial + kOleEpochDayNumber;
-    // Estimate the year from the mean Gregorian year, then correct it.
-    long long year = dayNumber * 400 / 146097;
-    while (DaysThroughYear(year) >= dayNumber)
-        --year;
-    while (DaysThroughYear(year + 1) < dayNumber)
-        ++year;
-    ++year;
-    const int dayOfYear = static_cast<int>(dayNumber - DaysThroughYear(year - 1));
-
-    const int y = static_cast<int>(year);
-    const int leapDay = IsGregorianLeapYear(y) ? 1 : 0;
-    int month = 1;
-    while (month < 12 && dayOfYear > kDaysBeforeMonth[month] + (month >= 2 ? leapDay : 0))
-        ++month;
-    const int day = dayOfYear - kDaysBeforeMonth[month - 1] - (month > 2 ? leapDay : 0);
-
-    parts.year = y;
+    int year = 0, month = 0, day = 0;
+    const long long days = serial + kEpochFromMarchYear0;
+    CivilFromMarchYear0(days, year, month, day);
+    parts.year = year;
     parts.month = month;
     parts.day = day;
     parts.hour = static_cast<int>(seconds / 3600);
     parts.minute = static_cast<int>(seconds / 60 % 60);
     parts.second = static_cast<int>(seconds % 60);
     parts.dayOfWeek = static_cast<int>(((serial + kEpochWeekday) % 7 + 7) % 7);
-    parts.dayOfYear = dayOfYear;
+    parts.dayOfYear = static_cast<int>(days - DaysFromMarchYear0(year, 1, 1) + 1);
     return true;
 }
 
@@ -111,10 +94,8 @@ bool PartsToOleDate(const HyDateTimeParts& parts, double& date)
         || parts.second < 0 || parts.second > 59)
         return false;
 
-    const long long serial = DaysThroughYear(parts.year - 1)
-                           + DayInGregorianYear(parts.year, parts.month, parts.day)
-                           - kOleEpochDayNumber;
-    const double time = (parts.hour * 3600 + parts.minute * 60 + parts.second)
+    const long long serial = DaysFromMarchYear0(parts.year, parts.month, parts.day) - kEpochFromMarchYear0;
+    const double time = static_cast<double>(parts.hour * 3600 + parts.minute * 60 + parts.second)
                       / static_cast<double>(kSecondsPerDay);
     // Before day zero the time is subtracted: it counts forward from the day's start.
     date = serial < 0 ? static_cast<double>(serial) - time : static_cast<double>(serial) + time;

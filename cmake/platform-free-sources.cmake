@@ -1,0 +1,14 @@
+# HyUI's own platform-free sources (no windows.h), relative to the repository
+# root: compiled into HyUI.dll and, separately, into the native build, where
+# they are tested under sanitizers. Rules that more than one layer needs live
+# in core/ instead (the HyCore static library).
+set(HY_PLATFORM_FREE_SOURCES
+  hyui/frame/HyCalMonth.cpp
+  hyui/dates/HyDateRules.cpp
+  hyui/dates/HyPickerLayout.cpp
+)
+set(HY_PLATFORM_FREE_INCLUDE_DIRS
+  ${CMAKE_CURRENT_LIST_DIR}/../hyui/frame
+  ${CMAKE_CURRENT_LIST_DIR}/../hyui/dates
+)
+list(TRANSFORM HY_PLATFORM_FREE_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/../)
