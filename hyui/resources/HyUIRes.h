@@ -63,8 +63,8 @@
 // each picture's top-left pixel, is the see-through colour.
 #define IDB_NOTE                        1001    // 16 x 16, 4 bits per pixel
 #define IDB_PADLOCK                     14003   // 12 x 15, 4 bits per pixel
-#define IDB_CHECK_MARK                  14010   // 8 x 8, 8 bits per pixel
-#define IDB_BUTTON_PLACEHOLDER          14011   // 36 x 32, 24 bits per pixel
+#define IDB_CHECK_MARK                  14010   // 8 x 8, 8 bits per pixel, run-length encoded
+#define IDB_BUTTON_PLACEHOLDER          14011   // 40 x 32, 8 bits per pixel, run-length encoded
 
 // ---- Cursors -------------------------------------------------------------
 #define IDC_CURSOR_RESIZE_WIDTH         14005   // horizontal (left-right) resize

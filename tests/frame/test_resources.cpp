@@ -165,16 +165,35 @@ struct BitmapEntry
     const char* what;
     int width, height, bitsPerPixel;
     int minimumDrawnPixels;    // pixels that are not the see-through colour
+    DWORD resourceSize;        // what a host's loader sees: the file without its 14-byte header
 };
 
 const BitmapEntry kBitmaps[] = {
-    { IDB_NOTE, "note", 16, 16, 4, 100 },
-    { IDB_PADLOCK, "padlock", 12, 15, 4, 80 },
-    { IDB_CHECK_MARK, "check mark", 8, 8, 8, 15 },
-    { IDB_BUTTON_PLACEHOLDER, "button placeholder", 36, 32, 24, 900 },
+    { IDB_NOTE, "note", 16, 16, 4, 100, 232 },
+    { IDB_PADLOCK, "padlock", 12, 15, 4, 80, 224 },
+    { IDB_CHECK_MARK, "check mark", 8, 8, 8, 15, 1142 },
+    { IDB_BUTTON_PLACEHOLDER, "button placeholder", 40, 32, 8, 1000, 3490 },
 };
 
 const COLORREF kSeeThrough = RGB(255, 0, 255);
+
+WORD StringLanguage(const ModuleSpec& spec)
+{
+    return spec.german ? MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN) : MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+}
+
+// Every language a resource is present in.
+std::vector<WORD> ResourceLanguages(HMODULE module, LPCWSTR type, UINT id)
+{
+    std::vector<WORD> languages;
+    ::EnumResourceLanguagesW(module, type, MAKEINTRESOURCEW(id),
+                             [](HMODULE, LPCWSTR, LPCWSTR, WORD language, LONG_PTR list) -> BOOL {
+                                 reinterpret_cast<std::vector<WORD>*>(list)->push_back(language);
+                                 return TRUE;
+                             },
+                             reinterpret_cast<LONG_PTR>(&languages));
+    return languages;
+}
 
 class Pictures : public ::testing::TestWithParam<ModuleSpec>
 {
@@ -184,7 +203,8 @@ TEST_P(Pictures, BitmapsLoadWithTheirSizeAndDepth)
 {
     DataModule module(GetParam().relative);
     ASSERT_NE(module.get(), nullptr) << module.path();
-    hytest::ObjectGuard guard;
+    // The process's first screen DC is cached with its objects for good.
+    hytest::ObjectGuard guard([] { ::ReleaseDC(nullptr, ::GetDC(nullptr)); });
     HDC screen = ::GetDC(nullptr);
     HDC dc = ::CreateCompatibleDC(screen);
     ::ReleaseDC(nullptr, screen);
@@ -198,6 +218,11 @@ TEST_P(Pictures, BitmapsLoadWithTheirSizeAndDepth)
         EXPECT_EQ(info.bmWidth, entry.width);
         EXPECT_EQ(info.bmHeight, entry.height);
 
+        // The pictures carry the language of the module's strings, and only that one.
+        const std::vector<WORD> languages = ResourceLanguages(module.get(), (LPCWSTR)RT_BITMAP, entry.id);
+        ASSERT_EQ(std::vector<WORD>{ StringLanguage(GetParam()) }, languages);
+        HRSRC found = ::FindResourceExW(module.get(), (LPCWSTR)RT_BITMAP, MAKEINTRESOURCEW(entry.id), languages[0]);
+        EXPECT_EQ(entry.resourceSize, ::SizeofResource(module.get(), found));
         std::vector<BYTE> raw = restest::RawResource(module.get(), (LPCWSTR)RT_BITMAP, entry.id);
         ASSERT_GE(raw.size(), sizeof(BITMAPINFOHEADER));
         const BITMAPINFOHEADER* header = reinterpret_cast<const BITMAPINFOHEADER*>(raw.data());
@@ -262,6 +287,9 @@ TEST_P(Pictures, ResizeCursorsPointTheWayTheyResize)
                                            IMAGE_CURSOR, 32, 32, 0);
     ASSERT_NE(width, nullptr);
     ASSERT_NE(height, nullptr);
+    for (UINT id : { IDC_CURSOR_RESIZE_WIDTH, IDC_CURSOR_RESIZE_HEIGHT })
+        EXPECT_EQ(std::vector<WORD>{ StringLanguage(GetParam()) },
+                  ResourceLanguages(module.get(), (LPCWSTR)RT_GROUP_CURSOR, id)) << id;
     POINT widthHot{}, heightHot{};
     SIZE widthExtent = VisibleExtent(width, widthHot);
     SIZE heightExtent = VisibleExtent(height, heightHot);
