@@ -40,27 +40,6 @@ std::string HostString(UINT id)
     return buf;
 }
 
-// User-locale values changed for a scope and put back afterwards.
-class LocaleOverride
-{
-public:
-    bool Set(LCTYPE type, const char* value)
-    {
-        char old[128] = "";
-        ::GetLocaleInfoA(LOCALE_USER_DEFAULT, type, old, sizeof old);
-        m_saved.emplace_back(type, old);
-        return ::SetLocaleInfoA(LOCALE_USER_DEFAULT, type, value) != 0;
-    }
-    ~LocaleOverride()
-    {
-        for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it)
-            ::SetLocaleInfoA(LOCALE_USER_DEFAULT, it->first, it->second.c_str());
-    }
-
-private:
-    std::vector<std::pair<LCTYPE, std::string>> m_saved;
-};
-
 // The field inside a frame, beside a plain edit that can take the focus.
 struct FieldRig
 {
@@ -120,7 +99,7 @@ class EditDateTest : public ::testing::Test
 {
 protected:
     hytest::ObjectGuard guard{ WarmUp };
-    LocaleOverride locale;
+    hytest::LocaleValues locale;
     hytest::MessageBoxRecorder boxes;
 
     void SetUp() override

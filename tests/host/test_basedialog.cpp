@@ -26,17 +26,15 @@ std::string Caption(HWND h)
 // lays it out.
 std::vector<BYTE> MakeTemplate(const wchar_t* caption)
 {
-    std::vector<BYTE> t(sizeof(DLGTEMPLATE));
-    auto* d = reinterpret_cast<DLGTEMPLATE*>(t.data());
-    d->style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;
-    d->cx = 120;
-    d->cy = 60;
-    auto put = [&](const wchar_t* s) {
-        const BYTE* p = reinterpret_cast<const BYTE*>(s);
-        t.insert(t.end(), p, p + (wcslen(s) + 1) * sizeof(wchar_t));
-    };
-    t.insert(t.end(), 4, 0);   // no menu, default class
-    put(caption);
+    DLGTEMPLATE d{};
+    d.style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;
+    d.cx = 120;
+    d.cy = 60;
+    const size_t captionBytes = (wcslen(caption) + 1) * sizeof(wchar_t);
+    // The header, no menu and the default class (two zero words), the caption.
+    std::vector<BYTE> t(sizeof d + 4 + captionBytes, 0);
+    memcpy(t.data(), &d, sizeof d);
+    memcpy(t.data() + sizeof d + 4, caption, captionBytes);
     return t;
 }
 

@@ -4,6 +4,7 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 #include "HyIntlTime.h"
+#include "hytest.h"
 
 #include <string>
 
@@ -45,26 +46,6 @@ std::string SysTime(const SYSTEMTIME& st)
     ::GetTimeFormatA(LOCALE_USER_DEFAULT, TIME_NOSECONDS, &st, nullptr, buf, sizeof buf);
     return buf;
 }
-
-// Changes user-locale values for one test and puts them back.
-class LocaleOverride
-{
-public:
-    void Set(LCTYPE type, const char* value)
-    {
-        m_saved.push_back({ type, Locale(type) });
-        ASSERT_TRUE(::SetLocaleInfoA(LOCALE_USER_DEFAULT, type, value));
-        ASSERT_EQ(value, Locale(type));
-    }
-    ~LocaleOverride()
-    {
-        for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it)
-            ::SetLocaleInfoA(LOCALE_USER_DEFAULT, it->first, it->second.c_str());
-    }
-
-private:
-    std::vector<std::pair<LCTYPE, std::string>> m_saved;
-};
 
 struct Parsed
 {
@@ -122,8 +103,8 @@ TEST(IntlTimeLocale, FormatsAsTheLocaleServicesDo)
 
 TEST(IntlTimeLocale, ChangedShortDateIsFollowed)
 {
-    LocaleOverride locale;
-    locale.Set(LOCALE_SSHORTDATE, "dd.MM.yyyy");
+    hytest::LocaleValues locale;
+    ASSERT_TRUE(locale.Set(LOCALE_SSHORTDATE, "dd.MM.yyyy"));
     EXPECT_STREQ("dd.MM.yyyy", CIntlTime::GetDateFormat(2, 1));
     CString sep;
     CIntlTime::GetDateSeperator(sep);
@@ -131,24 +112,24 @@ TEST(IntlTimeLocale, ChangedShortDateIsFollowed)
     CIntlTime t(2024, 3, 5, 12, 0, 0);
     EXPECT_STREQ("05.03.2024", t.FormatDate(2));
 
-    locale.Set(LOCALE_SSHORTDATE, "yyyy-MM-dd");
+    ASSERT_TRUE(locale.Set(LOCALE_SSHORTDATE, "yyyy-MM-dd"));
     EXPECT_STREQ("-", CIntlTime::GetDateSeperator());
     EXPECT_STREQ("2024-03-05", t.FormatDate(2));
     // A quoted letter is text, not a field.
-    locale.Set(LOCALE_SSHORTDATE, "'d'yy/M/d");
+    ASSERT_TRUE(locale.Set(LOCALE_SSHORTDATE, "'d'yy/M/d"));
     EXPECT_STREQ("/", CIntlTime::GetDateSeperator());
 }
 
 TEST(IntlTimeLocale, ChangedTimeFormatIsFollowed)
 {
-    LocaleOverride locale;
+    hytest::LocaleValues locale;
     CIntlTime t(1990, 1, 1, 14, 7, 0);
-    locale.Set(LOCALE_STIMEFORMAT, "HH:mm");
+    ASSERT_TRUE(locale.Set(LOCALE_STIMEFORMAT, "HH:mm"));
     EXPECT_TRUE(CIntlTime::Is24HrFormat());
     EXPECT_STREQ(":", CIntlTime::GetTimeSeperator());
     EXPECT_STREQ("14:07", t.FormatTime());
 
-    locale.Set(LOCALE_STIMEFORMAT, "h.mm tt");
+    ASSERT_TRUE(locale.Set(LOCALE_STIMEFORMAT, "h.mm tt"));
     EXPECT_FALSE(CIntlTime::Is24HrFormat());
     EXPECT_STREQ(".", CIntlTime::GetTimeSeperator());
     EXPECT_EQ("2.07 " + Locale(LOCALE_S2359), std::string(t.FormatTime()));
@@ -158,9 +139,11 @@ TEST(IntlTimeParse, RoundTripsThroughTheLocalesShortDate)
 {
     for (const char* picture : { (const char*)nullptr, "dd.MM.yyyy", "M/d/yyyy", "yyyy-MM-dd", "d/M/yy" })
     {
-        LocaleOverride locale;
+        hytest::LocaleValues locale;
         if (picture != nullptr)
-            locale.Set(LOCALE_SSHORTDATE, picture);
+        {
+            ASSERT_TRUE(locale.Set(LOCALE_SSHORTDATE, picture));
+        }
         CString pic = CIntlTime::GetDateFormat(2, 1);
         CString sep = CIntlTime::GetDateSeperator();
         const bool twoDigitYear = pic.Find("yyyy") < 0;

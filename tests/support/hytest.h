@@ -6,3 +6,4 @@
 #include "hytest_render.h"
 #include "hytest_intercept.h"
 #include "hytest_objects.h"
+#include "hytest_env.h"

@@ -1,0 +1,41 @@
+#include "hytest_env.h"
+
+#include <stdlib.h>
+#include <time.h>
+
+namespace hytest {
+
+std::string LocaleValue(LCTYPE type)
+{
+    char buf[128] = "";
+    ::GetLocaleInfoA(LOCALE_USER_DEFAULT, type, buf, sizeof buf);
+    return buf;
+}
+
+bool LocaleValues::Set(LCTYPE type, const char* value)
+{
+    m_saved.emplace_back(type, LocaleValue(type));
+    return ::SetLocaleInfoA(LOCALE_USER_DEFAULT, type, value) != 0;
+}
+
+LocaleValues::~LocaleValues()
+{
+    for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it)
+        ::SetLocaleInfoA(LOCALE_USER_DEFAULT, it->first, it->second.c_str());
+}
+
+TimeZone::TimeZone(const char* tz)
+{
+    const char* old = getenv("TZ");
+    m_saved = std::string("TZ=") + (old ? old : "");
+    _putenv((std::string("TZ=") + tz).c_str());
+    _tzset();
+}
+
+TimeZone::~TimeZone()
+{
+    _putenv(m_saved.c_str());
+    _tzset();
+}
+
+}  // namespace hytest

@@ -1,0 +1,47 @@
+// Process settings a test changes for its scope and puts back: user-locale
+// values and the C runtime's time zone.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace hytest {
+
+// User-locale values (LOCALE_SSHORTDATE, LOCALE_STIMEFORMAT, ...) changed
+// for a scope; the destructor restores them in reverse order.
+class LocaleValues
+{
+public:
+    LocaleValues() = default;
+    LocaleValues(LCTYPE type, const char* value) { Set(type, value); }
+    ~LocaleValues();
+    LocaleValues(const LocaleValues&) = delete;
+    LocaleValues& operator=(const LocaleValues&) = delete;
+
+    // False when the system refused the value.
+    bool Set(LCTYPE type, const char* value);
+
+private:
+    std::vector<std::pair<LCTYPE, std::string>> m_saved;
+};
+
+// The user-locale value of a type, as the locale services answer it.
+std::string LocaleValue(LCTYPE type);
+
+// The C runtime's TZ (for example "EST5") for a scope.
+class TimeZone
+{
+public:
+    explicit TimeZone(const char* tz);
+    ~TimeZone();
+    TimeZone(const TimeZone&) = delete;
+    TimeZone& operator=(const TimeZone&) = delete;
+
+private:
+    std::string m_saved;
+};
+
+}  // namespace hytest
