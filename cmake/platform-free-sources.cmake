@@ -6,6 +6,7 @@ set(HY_PLATFORM_FREE_SOURCES
   hyui/frame/HyCalMonth.cpp
   hyui/dates/HyDateRules.cpp
   hyui/dates/HyPickerLayout.cpp
+  hyui/dates/HyPickerDecisions.cpp
 )
 set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/frame

@@ -289,14 +289,10 @@ void CCalendarPage::MakeDayPickerPreview()
 
 bool CCalendarPage::DayPoint(int year, int month, int day, CPoint& point)
 {
-    const int index = m_picker.DateToCalIndex(month, year);
-    const CHyCalMonth* cal = m_picker.GetCalendar(index);
-    if (cal == nullptr)
+    CRect cell;
+    if (!m_picker.GetDateCellRect(CHyDate(year, month, day, 0), cell))
         return false;
-    const int cell = cal->FindCell(day, month);
-    if (cell >= CHyCalMonth::CellCount)
-        return false;
-    point = m_picker.GetCellRect(index, cell).CenterPoint();
+    point = cell.CenterPoint();
     CHyDate hit;
     return m_picker.DetermineDate(point, hit) && hit == CHyDate(year, month, day, 0);
 }

@@ -1,6 +1,10 @@
-// CHyDatePicker: model, geometry, keyboard, mouse, menus, tooltips and the
-// drag-target messages. Painting is in HyDatePickerPaint.cpp.
+// CHyDatePicker, the control: creation, geometry, the displayed months, the
+// selection, events and hit testing. Its input (keys, mouse, menus, tooltips,
+// the rollover timer, the drag target) is in HyDatePickerInput.cpp, its
+// painting in HyDatePickerPaint.cpp, its window-free decisions in
+// HyPickerLayout.h.
 #include "HyDatePicker.h"
+#include "HyDatePickerImpl.h"
 
 #include <afxdisp.h>
 #include <windowsx.h>
@@ -9,36 +13,13 @@
 #include "HyCalMonth.h"
 #include "HyCommonUI.h"
 #include "HyOleDate.h"
+#include "HyPickerDecisions.h"
 #include "HyUIRes.h"
 
 IMPLEMENT_DYNAMIC(CHyDatePicker, CWnd)
 
-namespace {
-
-constexpr UINT_PTR kRolloverTimer = 1;
-constexpr UINT kRolloverPeriod = 10;       // ms
-constexpr int kDragSnapBack = 40;          // pixels around the client area
-constexpr DWORD kWeekHighlightStyle = 8192;
-constexpr UINT kMonthMenuFlags = 416;      // return the command, no notification, bottom-aligned
-constexpr UINT kYearMenuFlags = 424;       // the same, right-aligned
-constexpr UINT kDlgCode = DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTCHARS;  // 131
-
-CRect ToCRect(const HyRect& r)
-{
-    return CRect(r.left, r.top, r.right, r.bottom);
-}
-
-HyRect ToHyRect(const RECT& r)
-{
-    return HyRect{r.left, r.top, r.right, r.bottom};
-}
-
-bool IsKeyDown(int vk)
-{
-    return (::GetKeyState(vk) & 0x8000) != 0;
-}
-
-} // namespace
+using hydp::ToCRect;
+using hydp::ToHyRect;
 
 BEGIN_MESSAGE_MAP(CHyDatePicker, CWnd)
     ON_WM_CREATE()
@@ -160,6 +141,24 @@ CRect CHyDatePicker::GetCellRect(int nCalIndex, int nCell)
     return ToCRect(hy::PickerCellRect(grid, dayWidth, dayHeight, nCell));
 }
 
+BOOL CHyDatePicker::GetDateCellRect(const CHyDate& date, CRect& rect, int nCalIndex)
+{
+    if (nCalIndex < 0)
+        nCalIndex = DateToCalIndex(date.month, date.year);
+    for (int i = nCalIndex >= 0 ? nCalIndex : 0; i < calCount && calendars; ++i)
+    {
+        const int cell = hy::CellShowingDate(calendars[i], date);
+        if (cell >= 0)
+        {
+            rect = GetCellRect(i, cell);
+            return TRUE;
+        }
+        if (nCalIndex >= 0)
+            break;
+    }
+    return FALSE;
+}
+
 void CHyDatePicker::GetDayRect(CRect& rect)
 {
     rect = ToCRect(GetCalRects(GetCalBounds(0)).dayGrid);
@@ -176,16 +175,12 @@ void CHyDatePicker::CalcRects()
 {
     CRect client;
     GetClientRect(&client);
-    const int s = ::GetSystemMetrics(SM_CYVTHUMB) - 1;
-    prevArrowRect.SetRect(0, 2, s, s + 2);
-    nextArrowRect.SetRect(client.right - s, 1, client.right, 1 + s + 1);
-    captionRect.SetRect(prevArrowRect.right + s / 2, prevArrowRect.top - 1, nextArrowRect.left - s / 2,
-                        prevArrowRect.bottom + 3);
-    captionRect.DeflateRect(2, 2);
-    monthPanelRect.SetRect(client.left, prevArrowRect.bottom + 8, client.right, 58);
-    monthPanelRect.DeflateRect(2, 2);
-    dayAreaRect.SetRect(client.left, monthPanelRect.bottom + 8, client.right, client.bottom);
-    dayAreaRect.DeflateRect(2, 2);
+    const HySingleCalRects r = hy::SingleCalRects(ToHyRect(client), ::GetSystemMetrics(SM_CYVTHUMB) - 1);
+    prevArrowRect = ToCRect(r.prevArrow);
+    nextArrowRect = ToCRect(r.nextArrow);
+    captionRect = ToCRect(r.caption);
+    monthPanelRect = ToCRect(r.monthPanel);
+    dayAreaRect = ToCRect(r.dayArea);
 }
 
 int CHyDatePicker::OnCreate(LPCREATESTRUCT lpCreateStruct)
@@ -228,7 +223,7 @@ void CHyDatePicker::OnDestroy()
 {
     if (timerRunning)
     {
-        KillTimer(kRolloverTimer);
+        KillTimer(hydp::kRolloverTimer);
         timerRunning = 0;
     }
     if (tooltip.m_hWnd)
@@ -490,7 +485,7 @@ void CHyDatePicker::RepaintHighlightChange(const CHyDate& before, bool monthsCha
 {
     if (!m_hWnd)
         return;
-    if (monthsChanged || (GetStyle() & kWeekHighlightStyle))
+    if (monthsChanged || (GetStyle() & HYDPS_WHOLE_WEEK))
     {
         RedrawAll();
         return;
@@ -641,26 +636,9 @@ int CHyDatePicker::GridToDate(int nCalIndex, CPoint cell, CHyDate& date, int bAl
 int CHyDatePicker::GridToClosestDate(int nCalIndex, CPoint cell, CHyDate& date) const
 {
     const CHyCalMonth* cal = GetCalendar(nCalIndex);
-    if (!cal)
+    const int chosen = cal ? hy::ClosestOwnMonthCell(*cal, cell.x, cell.y) : -1;
+    if (chosen < 0)
         return 0;
-    cell.x = cell.x < 0 ? 0 : (cell.x > 6 ? 6 : cell.x);
-    cell.y = cell.y < 0 ? 0 : (cell.y > 5 ? 5 : cell.y);
-    // The nearest day of the calendar's own month: cells before it give its
-    // first day, cells after it its last, empty cells the next day shown.
-    const int index = cell.y * 7 + cell.x;
-    int first = -1, last = -1;
-    for (int i = 0; i < CHyCalMonth::CellCount; ++i)
-        if (cal->cellMonth[i] == cal->month && cal->cellDay[i] > 0)
-        {
-            if (first < 0)
-                first = i;
-            last = i;
-        }
-    if (first < 0)
-        return 0;
-    int chosen = index < first ? first : (index > last ? last : index);
-    while (chosen < last && (cal->cellDay[chosen] < 1 || cal->cellMonth[chosen] != cal->month))
-        ++chosen;
     date = CHyDate(cal->year, cal->month, cal->cellDay[chosen], 0);
     return 1;
 }
@@ -686,603 +664,3 @@ void CHyDatePicker::GetYearString(int nYear, CString& text) const
     text = COleDateTime(nYear, 1, 1, 0, 0, 0).Format(_T("%Y"));
 }
 
-// ---- keyboard ----------------------------------------------------------------
-
-UINT CHyDatePicker::OnGetDlgCode()
-{
-    return kDlgCode;
-}
-
-void CHyDatePicker::StepDisplay(int nMonths, int bCheckLimits)
-{
-    int month, year;
-    GetDisplayMonth(&month, &year);
-    IncrMonth(month, year, nMonths);
-    if (bCheckLimits && !IsYearInLimits(year))
-    {
-        ::MessageBeep((UINT)-1);
-        return;
-    }
-    SetDisplayMonth(month, year, 1);
-    PostParent();
-}
-
-void CHyDatePicker::MoveHighlightByDays(int nDays)
-{
-    double date;
-    if (!(flags & HYDP_HIGHLIGHT) || !hy::DateToOleDate(highlight.year, highlight.month, highlight.day, date))
-        return;   // no valid day to move from
-    HyDateTimeParts parts;
-    if (!hy::OleDateToParts(date + nDays, parts) || !IsYearInLimits(parts.year))
-    {
-        ::MessageBeep((UINT)-1);
-        return;
-    }
-    const CHyDate before = highlight;
-    const bool shown = DateToCalIndex(parts.month, parts.year) != -1;
-    SetHighlightDate(parts.month, parts.day, parts.year, 0);
-    RepaintHighlightChange(before, !shown);
-    PostParent();
-}
-
-void CHyDatePicker::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
-{
-    if (!calendars)
-    {
-        Default();
-        return;
-    }
-    switch (nChar)
-    {
-    case VK_TAB:
-        if (CWnd* parent = GetParent())
-            parent->SendMessage(WM_NEXTDLGCTL, IsKeyDown(VK_SHIFT) ? 1 : 0, 0);
-        Default();
-        return;
-    case VK_PRIOR:
-    case VK_NEXT:
-    {
-        const int step = IsKeyDown(VK_CONTROL) ? 12 : calCount;
-        StepDisplay(nChar == VK_PRIOR ? -step : step, 1);
-        return;
-    }
-    case VK_HOME:
-        if (calendars[0].month == 1)
-        {
-            ::MessageBeep((UINT)-1);
-            return;
-        }
-        SetDisplayMonth(1, calendars[0].year, 1);
-        PostParent();
-        return;
-    case VK_END:
-    {
-        const CHyCalMonth& last = calendars[calCount - 1];
-        if (last.month == 12)
-        {
-            ::MessageBeep((UINT)-1);
-            return;
-        }
-        int month = 12, year = last.year;
-        IncrMonth(month, year, 1 - calCount);
-        SetDisplayMonth(month, year, 1);
-        PostParent();
-        return;
-    }
-    case VK_LEFT:
-        MoveHighlightByDays(-1);
-        return;
-    case VK_RIGHT:
-        MoveHighlightByDays(1);
-        return;
-    case VK_UP:
-        MoveHighlightByDays(-7);
-        return;
-    case VK_DOWN:
-        MoveHighlightByDays(7);
-        return;
-    default:
-        Default();
-        return;
-    }
-}
-
-void CHyDatePicker::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags)
-{
-    // A typed letter shows the next month of the first calendar's year whose
-    // name starts with it.
-    if (!calendars || nChar > 0xFF || !::IsCharAlphaA((CHAR)nChar))
-    {
-        Default();
-        return;
-    }
-    const int month = FindMonth((char)nChar, calendars[0].month);
-    if (month == -1)
-    {
-        ::MessageBeep((UINT)-1);
-        return;
-    }
-    SetDisplayMonth(month, calendars[0].year, 1);
-    PostParent();
-}
-
-// ---- mouse -------------------------------------------------------------------
-
-void CHyDatePicker::OnLButtonDown(UINT nFlags, CPoint point)
-{
-    tipDate.Empty();
-    if (tooltip.m_hWnd)
-        tooltip.Activate(FALSE);
-    ResetRolloverState();
-    SetCapture();
-    if (GetFocus() != this)
-        SetFocus();
-
-    focusCal = PtToCalIndex(point);
-    focusPart = PtToFocus(focusCal, point);
-    if (focusPart == HYPART_NONE)
-    {
-        Default();
-        return;
-    }
-    pressed = 1;
-    if (focusPart > HYPART_DAY_GRID)
-    {
-        pressed = 0;
-        focusPart = 0;
-        focusCal = -1;
-    }
-
-    switch (focusPart)
-    {
-    case HYPART_PREV_ARROW:
-    case HYPART_NEXT_ARROW:
-        RedrawAll();   // the month moves at the button-up
-        break;
-    case HYPART_MONTH_CAPTION:
-    case HYPART_YEAR_CAPTION:
-    {
-        const bool selects = focusPart == HYPART_MONTH_CAPTION ? (flags & HYDP_MONTH_SELECTS) != 0
-                                                               : (flags & HYDP_YEAR_SELECTS) != 0;
-        if (selects)
-        {
-            RedrawAll();
-            const CHyCalMonth& cal = calendars[focusCal];
-            const int part = focusPart;
-            SetSelection(cal.year, cal.month, highlight.day, 1);
-            if (CWnd* parent = GetParent())
-                parent->PostMessage(HYWM_DATEPICKER_CHOSEN, (WPARAM)part << 16, 0);
-        }
-        else
-        {
-            TrackCaptionMenu(focusCal, focusPart);
-        }
-        break;
-    }
-    case HYPART_DAY_GRID:
-    {
-        CPoint cell;
-        PtToGrid(focusCal, point, cell);
-        CHyDate date;
-        if (!GridToDate(focusCal, cell, date, 1))
-            break;
-        const CHyCalMonth& cal = calendars[focusCal];
-        if (date.month == cal.month && date.year == cal.year)
-        {
-            if ((flags & HYDP_HIGHLIGHT) && date == highlight)
-                break;
-            // Only here: a press on the highlighted day or on a neighbouring
-            // month's day leaves the day a drag snaps back to as it was.
-            lastHighlight = highlight;
-            const CHyDate before = highlight;
-            flags &= ~HYDP_HIGHLIGHT;
-            SetHighlightDate(date.month, date.day, date.year, 0);
-            RepaintHighlightChange(before, false);
-            break;
-        }
-        // A day of a neighbouring month.
-        if (!IsYearInLimits(date.year))
-        {
-            ::MessageBeep((UINT)-1);
-        }
-        else
-        {
-            const bool after = hy::MonthsBetween(cal.month, cal.year, date.month, date.year) > 0;
-            if (after && focusCal == calCount - 1)
-            {
-                int month = calendars[0].month, year = calendars[0].year;
-                IncrMonth(month, year, 1);
-                SetDisplayMonth(month, year, 0);
-            }
-            SetHighlightDate(date.month, date.day, date.year, 0);
-        }
-        pressed = 0;
-        focusPart = 0;
-        focusCal = -1;
-        Invalidate();
-        PostParent();
-        break;
-    }
-    default:
-        break;
-    }
-    Default();
-}
-
-void CHyDatePicker::TrackCaptionMenu(int nCalIndex, int nPart)
-{
-    const CHyCalMonth& cal = calendars[nCalIndex];
-    const bool yearMenu = nPart == HYPART_YEAR_CAPTION;
-    int maxMonth, maxYearOfCal;
-    GetMaxMonthYearCurCal(maxMonth, maxYearOfCal);
-    HyMonthYear entries[hy::kPickerMenuEntries];
-    const int count =
-        hy::PickerMenuEntries(cal.month, cal.year, yearMenu, minYear, maxMonth, maxYearOfCal, entries);
-    const int calMonth = cal.month, calYear = cal.year;
-
-    CMenu menu;
-    UINT command = 0;
-    if (count > 0 && menu.CreatePopupMenu())
-    {
-        for (int i = 0; i < count; ++i)
-        {
-            const CString text = COleDateTime(entries[i].year, entries[i].month, 1, 0, 0, 0)
-                                     .Format((UINT)(yearMenu ? IDS_YEAR_MENU_FORMAT : IDS_MONTH_MENU_FORMAT));
-            const bool own = entries[i].month == calMonth && entries[i].year == calYear;
-            menu.AppendMenu(MF_STRING | (own ? MF_CHECKED : MF_UNCHECKED), (UINT_PTR)(i + 1), text);
-        }
-        const HyCalParts parts = GetCalRects(GetCalBounds(nCalIndex));
-        const HyRect& caption = yearMenu ? parts.yearCaption : parts.monthCaption;
-        CPoint at(caption.left, caption.bottom + 2);
-        ClientToScreen(&at);
-        command = (UINT)menu.TrackPopupMenuEx(yearMenu ? kYearMenuFlags : kMonthMenuFlags, at.x, at.y, this,
-                                              nullptr);
-        menu.DestroyMenu();
-    }
-    // The menu took the click: the button is no longer held for us.
-    pressed = 0;
-    focusPart = 0;
-    focusCal = -1;
-    if (GetCapture() == this)
-        ::ReleaseCapture();
-    if (command >= 1 && (int)command <= count)
-    {
-        const HyMonthYear& chosen = entries[command - 1];
-        const int delta = yearMenu ? (chosen.year - calYear) * 12
-                                   : hy::MonthsBetween(calMonth, calYear, chosen.month, chosen.year);
-        int month, year;
-        GetDisplayMonth(&month, &year);
-        IncrMonth(month, year, delta);
-        SetDisplayMonth(month, year, 1);
-        PostParent();
-    }
-    else
-    {
-        RedrawAll();   // no choice: only the pressed caption returns to normal
-    }
-}
-
-void CHyDatePicker::StepArrow(int nCalIndex, int nPart)
-{
-    if (nPart == HYPART_NEXT_ARROW)
-    {
-        int month = calendars[nCalIndex].month, year = calendars[nCalIndex].year;
-        IncrMonth(month, year, 1);
-        if (!Is_MMYY_ValidForCurCal(month, year))
-        {
-            ::MessageBeep((UINT)-1);
-            focusPart = 0;
-            RedrawAll();
-            return;
-        }
-    }
-    int month, year;
-    GetDisplayMonth(&month, &year);
-    IncrMonth(month, year, nPart == HYPART_PREV_ARROW ? -1 : 1);
-    if (!IsYearInLimits(year))
-    {
-        ::MessageBeep((UINT)-1);
-        focusPart = 0;
-        RedrawAll();
-        return;
-    }
-    focusPart = 0;
-    SetDisplayMonth(month, year, 1);
-    PostParent();
-}
-
-void CHyDatePicker::OnLButtonUp(UINT nFlags, CPoint point)
-{
-    if (GetCapture() != this)
-    {
-        Default();
-        return;
-    }
-    ::ReleaseCapture();
-    pressed = 0;
-    // Hit-tested again: the arrow under the release point acts, wherever the
-    // press began.
-    const int cal = PtToCalIndex(point);
-    const int part = PtToFocus(cal, point);
-    const bool arrowWasPressed = focusPart == HYPART_PREV_ARROW || focusPart == HYPART_NEXT_ARROW;
-    if ((part == HYPART_PREV_ARROW || part == HYPART_NEXT_ARROW) && calendars)
-        StepArrow(cal, part);
-    else if (part == HYPART_DAY_GRID)
-        PostParent();
-    if (arrowWasPressed && focusPart != 0)
-    {
-        focusPart = 0;
-        RedrawAll();   // the pressed arrow returns to normal
-    }
-    focusPart = 0;
-    focusCal = -1;
-    Default();
-}
-
-void CHyDatePicker::OnLButtonDblClk(UINT nFlags, CPoint point)
-{
-    // The click is handled first; what lies under the point afterwards (the
-    // months may have moved) decides whether a day was chosen.
-    SendMessage(WM_LBUTTONDOWN, nFlags, MAKELPARAM(point.x, point.y));
-    CHyDate date;
-    const int cal = PtToCalIndex(point);
-    if (cal >= 0 && PtToFocus(cal, point) == HYPART_DAY_GRID)
-    {
-        CPoint cell;
-        PtToGrid(cal, point, cell);
-        if (GridToDate(cal, cell, date, 0))
-            if (CWnd* parent = GetParent())
-                parent->PostMessage(HYWM_DATEPICKER_CHOSEN, (WPARAM)HYPART_DAY_GRID << 16, 0);
-    }
-}
-
-void CHyDatePicker::RelayEvent(UINT message, WPARAM wParam, LPARAM lParam, LPCTSTR lpszText)
-{
-    if (!tooltip.m_hWnd)
-        return;
-    if (tipText != lpszText)
-    {
-        tipText = lpszText;
-        tooltip.UpdateTipText(tipText, this);
-    }
-    tooltip.Activate(!tipText.IsEmpty());
-    MSG msg{};
-    msg.hwnd = m_hWnd;
-    msg.message = message;
-    msg.wParam = wParam;
-    msg.lParam = lParam;
-    msg.time = ::GetMessageTime();
-    msg.pt = CPoint((DWORD)::GetMessagePos());
-    tooltip.RelayEvent(&msg);
-}
-
-void CHyDatePicker::TrackTooltip(UINT nFlags, CPoint point, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (nFlags & (MK_LBUTTON | MK_RBUTTON))
-        return;
-    CHyDate date;
-    if (!DetermineDate(point, date))
-    {
-        if (tipDate.year != 0 || tipDate.month != 0 || tipDate.day != 0)
-        {
-            tipDate.Empty();
-            if (tooltip.m_hWnd)
-                tooltip.Activate(FALSE);
-        }
-        return;
-    }
-    if (date == tipDate)
-        return;
-    tipDate = date;
-    CString text;
-    if (CWnd* target = GetNotifyTarget())
-        target->SendMessage(HYWM_DATEPICKER_GETTIP, (WPARAM)&tipDate, (LPARAM)&text);
-    RelayEvent(message, wParam, lParam, text);
-}
-
-void CHyDatePicker::OnMouseMove(UINT nFlags, CPoint point)
-{
-    const MSG* current = GetCurrentMessage();
-    TrackTooltip(nFlags, point, WM_MOUSEMOVE, current ? current->wParam : nFlags,
-                 MAKELPARAM(point.x, point.y));
-
-    if (!pressed && !timerRunning)
-    {
-        SetTimer(kRolloverTimer, kRolloverPeriod);
-        timerRunning = 1;
-    }
-
-    if (GetCapture() == this && pressed && focusPart == HYPART_DAY_GRID)
-    {
-        CRect zone;
-        GetClientRect(&zone);
-        zone.InflateRect(kDragSnapBack, kDragSnapBack);
-        CHyDate wanted = lastHighlight;
-        if (zone.PtInRect(point))
-        {
-            int cal = PtToCalIndex(point);
-            if (cal < 0)
-                cal = focusCal;
-            CPoint cell;
-            PtToGrid(cal, point, cell);
-            if (!GridToClosestDate(cal, cell, wanted))
-                wanted = highlight;
-        }
-        if (wanted != highlight && wanted.month >= 1 && wanted.month <= 12)
-        {
-            const CHyDate before = highlight;
-            const bool shown = DateToCalIndex(wanted.month, wanted.year) != -1;
-            flags &= ~HYDP_HIGHLIGHT;
-            SetHighlightDate(wanted.month, wanted.day, wanted.year, 0);
-            RepaintHighlightChange(before, !shown);
-            PostParent();
-        }
-    }
-    Default();
-}
-
-BOOL CHyDatePicker::OnMouseWheel(UINT nFlags, short zDelta, CPoint pt)
-{
-    // One month per notch (up = earlier); a fine wheel's part-notches add up.
-    const int notches = hy::WheelNotches(wheelRemainder, zDelta);
-    if (!calendars || notches == 0)
-        return TRUE;
-    int month, year;
-    GetDisplayMonth(&month, &year);
-    IncrMonth(month, year, -notches);
-    if (!IsYearInLimits(year))
-    {
-        ::MessageBeep((UINT)-1);   // refused like any step beyond the limits
-        return TRUE;
-    }
-    SetDisplayMonth(month, year, 1);
-    PostParent();
-    return TRUE;
-}
-
-void CHyDatePicker::ResetRolloverState()
-{
-    if (rolloverPart == 0 && rolloverCal == -1)
-        return;
-    const int cal = rolloverCal;
-    rolloverCal = -1;
-    rolloverPart = 0;
-    if (cal >= 0 && m_hWnd)
-    {
-        const CRect header = ToCRect(GetCalRects(GetCalBounds(cal)).header);
-        InvalidateRect(header, FALSE);
-        UpdateWindow();
-    }
-}
-
-void CHyDatePicker::OnTimer(UINT_PTR nIDEvent)
-{
-    if (nIDEvent != kRolloverTimer)
-    {
-        Default();
-        return;
-    }
-    if (pressed)
-        return;
-    CPoint point;
-    ::GetCursorPos(&point);
-    ScreenToClient(&point);
-    int cal = PtToCalIndex(point);
-    int part = PtToFocus(cal, point);
-    if (part < HYPART_PREV_ARROW || part > HYPART_YEAR_CAPTION)
-    {
-        cal = -1;
-        part = 0;
-    }
-    if (cal != rolloverCal || part != rolloverPart)
-    {
-        ResetRolloverState();
-        if (part)
-        {
-            focusCal = cal;
-            focusPart = part;
-            rolloverCal = cal;
-            rolloverPart = part;
-            InvalidateRect(ToCRect(GetCalRects(GetCalBounds(cal)).header), FALSE);
-            UpdateWindow();
-        }
-    }
-    CRect client;
-    GetClientRect(&client);
-    if (!client.PtInRect(point))
-    {
-        KillTimer(kRolloverTimer);
-        timerRunning = 0;
-        ResetRolloverState();
-    }
-    focusCal = -1;
-    focusPart = 0;
-}
-
-void CHyDatePicker::OnCancelMode()
-{
-    CWnd::OnCancelMode();
-    pressed = 0;
-    focusPart = 0;
-    focusCal = -1;
-}
-
-void CHyDatePicker::OnSetFocus(CWnd* pOldWnd)
-{
-    CWnd::OnSetFocus(pOldWnd);
-    if (pOldWnd != this)
-        RedrawAll();
-}
-
-void CHyDatePicker::OnKillFocus(CWnd* pNewWnd)
-{
-    CWnd::OnKillFocus(pNewWnd);
-    if (pNewWnd != this)
-        RedrawAll();
-}
-
-void CHyDatePicker::OnTimeChange()
-{
-    CWnd::OnTimeChange();
-    RedrawAll();   // today may have moved
-}
-
-void CHyDatePicker::OnSysColorChange()
-{
-    CWnd::OnSysColorChange();
-    RedrawAll();
-}
-
-BOOL CHyDatePicker::PreTranslateMessage(MSG* pMsg)
-{
-    if (pMsg->message == WM_MOUSEMOVE && pMsg->hwnd == m_hWnd)
-        TrackTooltip((UINT)pMsg->wParam, CPoint(GET_X_LPARAM(pMsg->lParam), GET_Y_LPARAM(pMsg->lParam)),
-                     pMsg->message, pMsg->wParam, pMsg->lParam);
-    return CWnd::PreTranslateMessage(pMsg);
-}
-
-// ---- drag target -------------------------------------------------------------
-
-void CHyDatePicker::MoveDropMark(const CHyDate& to)
-{
-    if (dropDate == to)
-        return;
-    if (dropDate.year != -1)
-        InvalidateDay(dropDate);
-    dropDate = to;
-    if (to.year != -1)
-        InvalidateDay(to);
-    UpdateWindow();
-}
-
-LRESULT CHyDatePicker::OnDragOver(WPARAM wParam, LPARAM lParam)
-{
-    CHyDate date;
-    const CPoint point(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
-    if (!DetermineDate(point, date))
-    {
-        MoveDropMark(CHyDate(-1, -1, -1, 0));
-        return 0;
-    }
-    MoveDropMark(date);
-    if (wParam)
-        *(CHyDate*)wParam = date;
-    return 1;
-}
-
-LRESULT CHyDatePicker::OnDragEnd(WPARAM, LPARAM)
-{
-    MoveDropMark(CHyDate(-1, -1, -1, 0));
-    return 0;
-}
-
-LRESULT CHyDatePicker::OnDrop(WPARAM wParam, LPARAM lParam)
-{
-    CHyDate date;
-    const CPoint point(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
-    const int found = DetermineDate(point, date);
-    MoveDropMark(CHyDate(-1, -1, -1, 0));
-    if (found && wParam)
-        *(CHyDate*)wParam = date;
-    return found;
-}

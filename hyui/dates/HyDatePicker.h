@@ -18,14 +18,19 @@
 
 class CHyCalMonth;
 
+// Window style bit of the picker: highlight the whole week of the selected day.
+constexpr DWORD HYDPS_WHOLE_WEEK = 0x2000;
+static_assert(HYDPS_WHOLE_WEEK == 8192);
+
 // Drawing attributes (SetHYAttributes); the default is 44.
 enum : unsigned long
 {
     HYDPA_TODAY_MARK = 0x0004,       // frame today's cell
     HYDPA_OTHER_MONTHS = 0x0008,     // show the neighbouring months' days, subdued
     HYDPA_GRID_RULE = 0x0020,        // a rule under the day-of-week row
-    HYDPA_DEFAULT = 44,
+    HYDPA_DEFAULT = HYDPA_TODAY_MARK | HYDPA_OTHER_MONTHS | HYDPA_GRID_RULE,
 };
+static_assert(HYDPA_DEFAULT == 44);
 
 class HYUI_API CHyDatePicker : public CWnd
 {
@@ -58,6 +63,10 @@ public:
     HyCalParts GetCalRects(const CRect& bounds) const;
     // Cell 0..41 of calendar nCalIndex's day grid, in client coordinates.
     CRect GetCellRect(int nCalIndex, int nCell);
+    // The cell that shows a date: in calendar nCalIndex, or with -1 in the
+    // calendar of the date's own month, else the first calendar showing it.
+    // FALSE when no cell shows it.
+    BOOL GetDateCellRect(const CHyDate& date, CRect& rect, int nCalIndex = -1);
     int GetCalCount() const { return calCount; }
     int GetDayWidth() const { return dayWidth; }
     int GetDayHeight() const { return dayHeight; }
@@ -133,6 +142,8 @@ protected:
     void RelayEvent(UINT message, WPARAM wParam, LPARAM lParam, LPCTSTR lpszText);
     void TrackTooltip(UINT nFlags, CPoint point, UINT message, WPARAM wParam, LPARAM lParam);
     void TrackCaptionMenu(int nCalIndex, int nPart);
+    void PressCaption();
+    void PressDay(CPoint point);
     void StepArrow(int nCalIndex, int nPart);
     CWnd* GetNotifyTarget() const;
     HyPickerMetrics GetMetrics() const;

@@ -6,17 +6,19 @@
 // window. Nothing is created per cell: fonts come from the theme, shapes are
 // drawn with the DC pen and brush, day numbers are constant strings.
 #include "HyDatePicker.h"
+#include "HyDatePickerImpl.h"
 #include "HyCalMonth.h"
+#include "HyPickerDecisions.h"
 #include "HyTheme.h"
 #include "HyUIRes.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace {
 
-// Window style bit of the picker: highlight the whole week of the selected day.
-constexpr DWORD kWholeWeekStyle = 0x2000;
-
 // Event kinds with a look of their own; other kinds are drawn like kind 0.
-constexpr int kEventLooks = 4;
+constexpr int kEventLooks = hy::kEventLooks;
 // Swatches of the event kinds 0..3: petrol, wine, royal blue, brown. Dark
 // enough to keep 2.7:1 or more on the selection fill and 6.8:1 on white,
 // and four different hue families.
@@ -70,6 +72,7 @@ struct PaintKit
 
     CString dow[7];
     CHyDate today;
+    std::vector<HyMonthYear> shownMonths;   // every calendar's own month
     bool focused = false;
     bool wholeWeek = false;
 
@@ -126,9 +129,13 @@ struct PaintKit
             dow[i].LoadString(kDowIds[i]);
 
         CHyDatePicker::GetToday(&today);
+        shownMonths.clear();
+        for (int i = 0, n = picker->GetCalCount(); i < n; ++i)
+            if (const CHyCalMonth* cal = picker->GetCalendar(i))
+                shownMonths.push_back(HyMonthYear{ cal->month, cal->year });
         HWND hwnd = picker->GetSafeHwnd();
         focused = hwnd != NULL && ::GetFocus() == hwnd;
-        wholeWeek = hwnd != NULL && (picker->GetStyle() & kWholeWeekStyle) != 0;
+        wholeWeek = hwnd != NULL && (picker->GetStyle() & HYDPS_WHOLE_WEEK) != 0;
     }
 
     static int TextHeight(CDC* pDC, CFont* pFont)
@@ -139,9 +146,10 @@ struct PaintKit
     }
 };
 
-// The kit of the paint in progress; the Draw* members find it here so that
-// their signatures stay (DC, calendar, parts). Painting is single-threaded.
-PaintKit* g_paintKit = nullptr;
+// The kit of the paint in progress on this thread; the Draw* members find it
+// here so that their signatures stay (DC, calendar, parts). One per thread:
+// pickers of two UI threads paint at the same time.
+thread_local PaintKit* g_paintKit = nullptr;
 
 class PaintKitScope
 {
@@ -168,7 +176,7 @@ const PaintKit& KitFor(const CHyDatePicker* picker, CDC* pDC, PaintKit& local)
     return local;
 }
 
-CRect ToCRect(const HyRect& r) { return CRect(r.left, r.top, r.right, r.bottom); }
+using hydp::ToCRect;
 
 bool Meets(const CRect& a, const CRect& b)
 {
@@ -212,74 +220,10 @@ void Triangle(HDC hdc, POINT a, POINT b, POINT c)
     ::Polygon(hdc, pts, 3);
 }
 
-// Date in a cell; false for an empty cell. `own`: the day belongs to the
-// calendar's own month.
-bool CellDate(const CHyCalMonth& cal, int calMonth, int calYear, int cell, CHyDate& date, bool& own)
-{
-    const int day = cal.cellDay[cell];
-    if (day <= 0)
-        return false;
-    const int month = cal.cellMonth[cell];
-    int year = calYear;
-    if (calMonth == 1 && month == 12)
-        --year;
-    else if (calMonth == 12 && month == 1)
-        ++year;
-    date = CHyDate(year, month, day, 0);
-    own = month == calMonth;
-    return true;
-}
-
 CRect CellRect(const HyRect& grid, int dayWidth, int dayHeight, int cell)
 {
     return ToCRect(hy::PickerCellRect(grid, dayWidth, dayHeight, cell));
 }
-
-// The three months a calendar's grid shows (previous, own, next) and whether
-// each is some calendar's own month. A date is marked (highlight, today,
-// start, events, drop target) in one place only: in the calendar of its
-// month, or, when no calendar shows its month, in the neighbouring-month
-// cell that shows it.
-struct MonthSlots
-{
-    int month = 0, year = 0;
-    int slotMonth[3] = {}, slotYear[3] = {};
-    bool shown[3] = {};
-
-    void Load(const CHyDatePicker& picker, const CHyCalMonth& cal)
-    {
-        month = cal.month;
-        year = cal.year;
-        for (int slot = 0; slot < 3; ++slot) {
-            slotMonth[slot] = month;
-            slotYear[slot] = year;
-            hy::IncrMonth(slotMonth[slot], slotYear[slot], slot - 1);
-            shown[slot] = slot == 1;
-        }
-        for (int i = 0, n = picker.GetCalCount(); i < n; ++i) {
-            const int m = picker.GetCalendar(i)->month;
-            const int y = picker.GetCalendar(i)->year;
-            for (int slot = 0; slot < 3; slot += 2)
-                if (m == slotMonth[slot] && y == slotYear[slot])
-                    shown[slot] = true;
-        }
-    }
-    // 0, 1, 2 for the previous, own and next month; -1 for any other date.
-    int SlotOf(const CHyDate& d) const
-    {
-        for (int slot = 0; slot < 3; ++slot)
-            if (d.month == slotMonth[slot] && d.year == slotYear[slot])
-                return slot;
-        return -1;
-    }
-    bool Marked(bool own, const CHyDate& d) const
-    {
-        if (own)
-            return true;
-        const int slot = SlotOf(d);
-        return slot >= 0 && !shown[slot];
-    }
-};
 
 // Mark sizes grow with the cell: 4 pixels in the day picker's 26 x 16 cells.
 int MarkSize(int dayWidth, int dayHeight)
@@ -539,156 +483,166 @@ void CHyDatePicker::DrawDow(CDC* pDC, int nIndex, const HyCalParts& parts)
         Fill(hdc, RECT{ row.left, row.bottom - 1, row.left + 7 * dayWidth, row.bottom }, kit.bodyLine);
 }
 
+namespace {
+
+// What the day cells show depends on the picker's state and the paint's kit.
+HyDayCellInputs DayCellInputs(const CHyDatePicker& p, const PaintKit& kit)
+{
+    HyDayCellInputs in;
+    in.shownMonths = kit.shownMonths.data();
+    in.shownCount = (int)kit.shownMonths.size();
+    in.events = p.events.GetData();
+    in.eventCount = (int)p.events.GetSize();
+    in.otherMonths = (p.GetHYAttributes() & HYDPA_OTHER_MONTHS) != 0;
+    in.todayMark = (p.GetHYAttributes() & HYDPA_TODAY_MARK) != 0;
+    in.highlightOn = (p.flags & HYDP_HIGHLIGHT) != 0;
+    in.wholeWeek = kit.wholeWeek;
+    in.highlight = p.highlight;
+    in.today = kit.today;
+    in.start = p.startDate;
+    in.drop = p.dropDate;
+    return in;
+}
+
+// One row of day cells being painted: where it is and what its cells show.
+struct DayRow
+{
+    HDC hdc;
+    const PaintKit& kit;
+    const HyDayGrid& grid;
+    HyRect area;        // the calendar's day grid
+    int dayWidth, dayHeight, row;
+
+    RECT Rect() const
+    {
+        return RECT{ area.left, area.top + row * dayHeight, area.left + 7 * dayWidth, area.top + (row + 1) * dayHeight };
+    }
+    CRect Cell(int col) const { return CellRect(area, dayWidth, dayHeight, row * 7 + col); }
+    const HyDayCell& At(int col) const { return grid.cells[row * 7 + col]; }
+    bool OnSelection(int col) const { return row == grid.highlightRow || row * 7 + col == grid.highlightCell; }
+};
+
+// Fills first: the selection (the cell, or its week) and the drop target.
+void PaintDayFills(const DayRow& r)
+{
+    if (r.row == r.grid.highlightRow)
+        Fill(r.hdc, r.Rect(), r.kit.selFill);
+    for (int col = 0; col < 7; ++col) {
+        if (r.row * 7 + col == r.grid.highlightCell && r.grid.highlightRow < 0)
+            Fill(r.hdc, r.Cell(col), r.kit.selFill);
+        else if (r.At(col).drop && r.row != r.grid.highlightRow)
+            Fill(r.hdc, r.Cell(col), r.kit.dropFill);
+    }
+}
+
+// Numbers: one ExtTextOut per run of cells of one colour, each number
+// centred in its cell through the advances (a call per cell costs more than
+// the glyphs). TA_LEFT is set by the caller.
+void PaintDayNumbers(const DayRow& r)
+{
+    const RECT rowRect = r.Rect();
+    char text[14];
+    int advance[14];
+    int count = 0, runX = 0, runEnd = 0;
+    COLORREF runColour = CLR_INVALID;
+    const int y = rowRect.top + (r.dayHeight - r.kit.dayTextHeight) / 2;
+    auto flush = [&] {
+        if (count > 0)
+            ::ExtTextOutA(r.hdc, runX, y, ETO_CLIPPED, &rowRect, text, (UINT)count, advance);
+        count = 0;
+    };
+    for (int col = 0; col < 7; ++col) {
+        const HyDayCell& c = r.At(col);
+        if (!c.shown) {
+            flush();
+            continue;
+        }
+        const bool sel = r.OnSelection(col);
+        const COLORREF colour = c.own ? (sel ? r.kit.selText : r.kit.bodyText) : (sel ? r.kit.selOtherText : r.kit.otherText);
+        if (colour != runColour) {
+            flush();
+            ::SetTextColor(r.hdc, colour);
+            runColour = colour;
+        }
+        const char* digits = kDayTexts.text[c.date.day];
+        const int length = kDayTexts.length[c.date.day];
+        int width = 0;
+        for (int i = 0; i < length; ++i)
+            width += r.kit.digitWidth[digits[i] - '0'];
+        const int x = r.area.left + col * r.dayWidth + (r.dayWidth - width) / 2;
+        if (count == 0)
+            runX = x;
+        else
+            advance[count - 1] += x - runEnd;   // the gap up to this number
+        for (int i = 0; i < length; ++i) {
+            text[count] = digits[i];
+            advance[count++] = r.kit.digitWidth[digits[i] - '0'];
+        }
+        runEnd = x + width;
+    }
+    flush();
+}
+
+// Marks on top: event, start, today frame, drop frame.
+void PaintDayMarks(const DayRow& r)
+{
+    const int s = MarkSize(r.dayWidth, r.dayHeight);
+    for (int col = 0; col < 7; ++col) {
+        const HyDayCell& c = r.At(col);
+        if (!c.marked)
+            continue;
+        const CRect cell = r.Cell(col);
+        CRect inner = cell;
+        inner.DeflateRect(2, 2);
+        if (c.eventLook)
+            DrawEventMark(r.hdc, inner, c.eventLook - 1, s, r.kit.eventColour[c.eventLook - 1]);
+        if (c.start)
+            DrawStartMark(r.hdc, inner, s, r.kit.startMark);
+        if (c.today) {
+            CRect frame = cell;
+            frame.DeflateRect(1, 1);
+            Frame(r.hdc, frame, r.kit.todayFrame);
+        }
+        if (c.drop)
+            Frame(r.hdc, cell, r.kit.dropFrame);
+    }
+}
+
+}  // namespace
+
 void CHyDatePicker::DrawDays(CDC* pDC, int nIndex, const HyCalParts& parts)
 {
     PaintKit local;
     const PaintKit& kit = KitFor(this, pDC, local);
-    HDC hdc = pDC->m_hDC;
-    const CHyCalMonth& cal = calendars[nIndex];
-    MonthSlots slots;
-    slots.Load(*this, cal);
-    const HyRect& grid = parts.dayGrid;
-
+    const HyRect& area = parts.dayGrid;
     // Rows that the clip box meets (one pixel more for the focus ring).
     CRect clip;
     if (pDC->GetClipBox(&clip) == ERROR)
-        clip = ToCRect(grid);
+        clip = ToCRect(area);
     const int h = dayHeight > 0 ? dayHeight : 1;
-    const int firstRow = clip.top - 1 < grid.top ? 0 : (clip.top - 1 - grid.top) / h;
-    int lastRow = clip.bottom + 1 <= grid.top ? -1 : (clip.bottom + 1 - grid.top) / h;
-    if (lastRow > 5)
-        lastRow = 5;
+    const int firstRow = clip.top - 1 < area.top ? 0 : (int)(clip.top - 1 - area.top) / h;
+    const int lastRow = clip.bottom + 1 <= area.top ? -1 : std::min(5, (int)(clip.bottom + 1 - area.top) / h);
     if (firstRow > lastRow)
         return;
 
-    // Event looks by slot and day: look + 1, 0 for none.
-    unsigned char eventLook[3][32] = {};
-    for (INT_PTR e = 0, n = events.GetSize(); e < n; ++e) {
-        const CHyDate& ev = events[e];
-        const int slot = slots.SlotOf(ev);
-        if (slot < 0 || ev.day < 1 || ev.day > 31)
-            continue;
-        const int look = ev.flags >= 0 && ev.flags < kEventLooks ? ev.flags : 0;
-        unsigned char& mark = eventLook[slot][ev.day];
-        if (mark == 0 || look != 0)
-            mark = (unsigned char)(look + 1);
-    }
-    const bool others = (hyAttributes & HYDPA_OTHER_MONTHS) != 0;
-    const bool haveToday = (hyAttributes & HYDPA_TODAY_MARK) != 0;
-
-    // Every cell's date, whether its number is drawn and whether it carries marks.
-    struct CellInfo
-    {
-        CHyDate date;
-        bool shown, own, marked;
-    };
-    CellInfo cells[CHyCalMonth::CellCount];
-    int highlightCell = -1;
-    for (int cell = 0; cell < CHyCalMonth::CellCount; ++cell) {
-        CellInfo& c = cells[cell];
-        // The empty cells of September 1752 stay empty.
-        c.shown = CellDate(cal, slots.month, slots.year, cell, c.date, c.own) && (c.own || others);
-        c.marked = c.shown && slots.Marked(c.own, c.date);
-        if (c.marked && highlightCell < 0 && (flags & HYDP_HIGHLIGHT) && c.date == highlight)
-            highlightCell = cell;
-    }
-    // With whole-week highlighting the selected day's row is the week.
-    const int highlightRow = highlightCell >= 0 && kit.wholeWeek ? highlightCell / 7 : -1;
-
+    HyDayGrid grid;
+    hy::ComputeDayCells(calendars[nIndex], DayCellInputs(*this, kit), grid);
     CDCSelect font(*pDC, kit.dayFont);
-    const UINT oldAlign = ::SetTextAlign(hdc, TA_LEFT | TA_TOP | TA_NOUPDATECP);
-    const int s = MarkSize(dayWidth, dayHeight);
+    const UINT oldAlign = ::SetTextAlign(pDC->m_hDC, TA_LEFT | TA_TOP | TA_NOUPDATECP);
     for (int row = firstRow; row <= lastRow; ++row) {
-        const RECT rowRect = { grid.left, grid.top + row * h, grid.left + 7 * dayWidth, grid.top + (row + 1) * h };
-        const CellInfo* rowCells = cells + row * 7;
-
-        // Fills first: the selection and the drop target.
-        if (row == highlightRow)
-            Fill(hdc, rowRect, kit.selFill);
-        for (int col = 0; col < 7; ++col) {
-            const int cell = row * 7 + col;
-            const CellInfo& c = rowCells[col];
-            if (cell == highlightCell && highlightRow < 0)
-                Fill(hdc, CellRect(grid, dayWidth, dayHeight, cell), kit.selFill);
-            else if (c.marked && dropDate.year != -1 && c.date == dropDate && row != highlightRow)
-                Fill(hdc, CellRect(grid, dayWidth, dayHeight, cell), kit.dropFill);
-        }
-
-        // Numbers: one ExtTextOut per run of cells of one colour, each number
-        // centred in its cell through the advances (a call per cell costs
-        // more than the glyphs).
-        char text[14];
-        int advance[14];
-        int count = 0, runX = 0, runEnd = 0;
-        COLORREF runColour = CLR_INVALID;
-        const int y = rowRect.top + (h - kit.dayTextHeight) / 2;
-        auto flush = [&] {
-            if (count > 0)
-                ::ExtTextOutA(hdc, runX, y, ETO_CLIPPED, &rowRect, text, (UINT)count, advance);
-            count = 0;
-        };
-        for (int col = 0; col < 7; ++col) {
-            const CellInfo& c = rowCells[col];
-            if (!c.shown) {
-                flush();
-                continue;
-            }
-            const bool onSelection = row == highlightRow || row * 7 + col == highlightCell;
-            const COLORREF colour = c.own ? (onSelection ? kit.selText : kit.bodyText)
-                                          : (onSelection ? kit.selOtherText : kit.otherText);
-            if (colour != runColour) {
-                flush();
-                ::SetTextColor(hdc, colour);
-                runColour = colour;
-            }
-            const char* digits = kDayTexts.text[c.date.day];
-            const int length = kDayTexts.length[c.date.day];
-            int width = 0;
-            for (int i = 0; i < length; ++i)
-                width += kit.digitWidth[digits[i] - '0'];
-            const int x = grid.left + col * dayWidth + (dayWidth - width) / 2;
-            if (count == 0)
-                runX = x;
-            else
-                advance[count - 1] += x - runEnd;  // the gap up to this number
-            for (int i = 0; i < length; ++i) {
-                text[count] = digits[i];
-                advance[count++] = kit.digitWidth[digits[i] - '0'];
-            }
-            runEnd = x + width;
-        }
-        flush();
-
-        // Marks on top.
-        for (int col = 0; col < 7; ++col) {
-            const CellInfo& c = rowCells[col];
-            if (!c.marked)
-                continue;
-            const CRect r = CellRect(grid, dayWidth, dayHeight, row * 7 + col);
-            CRect inner = r;
-            inner.DeflateRect(2, 2);
-            if (const int look = eventLook[slots.SlotOf(c.date)][c.date.day])
-                DrawEventMark(hdc, inner, look - 1, s, kit.eventColour[look - 1]);
-            if (startDate.year != -1 && c.date == startDate)
-                DrawStartMark(hdc, inner, s, kit.startMark);
-            if (haveToday && c.date == kit.today) {
-                CRect frame = r;
-                frame.DeflateRect(1, 1);
-                Frame(hdc, frame, kit.todayFrame);
-            }
-            if (dropDate.year != -1 && c.date == dropDate)
-                Frame(hdc, r, kit.dropFrame);
-        }
+        const DayRow r{ pDC->m_hDC, kit, grid, area, dayWidth, h, row };
+        PaintDayFills(r);
+        PaintDayNumbers(r);
+        PaintDayMarks(r);
     }
-
     // The focus ring surrounds the highlighted cell, one pixel outside it, so
     // the today frame and the marks inside stay visible.
-    if (kit.focused && highlightCell >= 0) {
-        CRect ring = CellRect(grid, dayWidth, dayHeight, highlightCell);
+    if (kit.focused && grid.highlightCell >= 0) {
+        CRect ring = CellRect(area, dayWidth, dayHeight, grid.highlightCell);
         ring.InflateRect(1, 1);
         HYThemeDrawFocusMark(pDC, &ring, HYTHEME_FOCUS);
     }
-    ::SetTextAlign(hdc, oldAlign);
+    ::SetTextAlign(pDC->m_hDC, oldAlign);
 }
 
 // ---------------------------------------------------------------------------
@@ -699,23 +653,11 @@ void CHyDatePicker::InvalidateDay(const CHyDate& date)
     if (GetSafeHwnd() == NULL || calendars == nullptr)
         return;
     for (int i = 0; i < calCount; ++i) {
-        const CHyCalMonth& cal = calendars[i];
-        const int calMonth = cal.month;
-        const int calYear = cal.year;
-        HyCalParts parts;
-        bool haveParts = false;
-        for (int cell = 0; cell < CHyCalMonth::CellCount; ++cell) {
-            CHyDate d;
-            bool own;
-            if (!CellDate(cal, calMonth, calYear, cell, d, own) || d != date)
-                continue;
-            if (!haveParts) {
-                parts = GetCalRects(GetCalBounds(i));
-                haveParts = true;
-            }
-            CRect r = CellRect(parts.dayGrid, dayWidth, dayHeight, cell);
-            r.InflateRect(1, 1);  // with the focus ring
-            InvalidateRect(&r, FALSE);
-        }
+        const int cell = hy::CellShowingDate(calendars[i], date);
+        if (cell < 0)
+            continue;
+        CRect r = GetCellRect(i, cell);
+        r.InflateRect(1, 1);  // with the focus ring
+        InvalidateRect(&r, FALSE);
     }
 }

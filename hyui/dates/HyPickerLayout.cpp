@@ -138,6 +138,51 @@ bool PickerGridCell(const HyRect& g, int dayWidth, int dayHeight, int x, int y, 
     return g.Contains(x, y);
 }
 
+namespace {
+
+HyRect Shrunk(HyRect r, int by)
+{
+    return HyRect{r.left + by, r.top + by, r.right - by, r.bottom - by};
+}
+
+} // namespace
+
+HySingleCalRects SingleCalRects(const HyRect& client, int s)
+{
+    HySingleCalRects r;
+    r.prevArrow = {0, 2, s, s + 2};
+    r.nextArrow = {client.right - s, 1, client.right, 1 + s + 1};
+    r.caption = Shrunk({r.prevArrow.right + s / 2, r.prevArrow.top - 1, r.nextArrow.left - s / 2,
+                        r.prevArrow.bottom + 3}, 2);
+    r.monthPanel = Shrunk({client.left, r.prevArrow.bottom + 8, client.right, 58}, 2);
+    r.dayArea = Shrunk({client.left, r.monthPanel.bottom + 8, client.right, client.bottom}, 2);
+    return r;
+}
+
+HyRect SingleCalDayCell(const HyRect& a, int cell, bool wholeWeek)
+{
+    const int width = a.Width() / 7;
+    const int height = a.Height() / 7;
+    const int col = cell % 7;
+    // The first row of the area holds the day-of-week initials.
+    const int top = a.top + (cell / 7) * height + height;
+    if (wholeWeek)
+        return HyRect{a.left, top, a.right, top + height};
+    const int left = a.left + col * width;
+    return HyRect{left, top, col == 6 ? a.right : left + width, top + height};
+}
+
+HyRect SingleCalMonthCell(const HyRect& p, int month)
+{
+    const int width = p.Width() / 6;
+    const int height = p.Height() / 2;
+    const int col = (month - 1) % 6;
+    const int row = (month - 1) / 6;
+    const int left = p.left + col * width;
+    const int top = p.top + row * height;
+    return HyRect{left, top, col == 5 ? p.right : left + width, top + height};
+}
+
 void IncrMonth(int& month, int& year, int delta)
 {
     const int n = year * 12 + month - 1 + delta;

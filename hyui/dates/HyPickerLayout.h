@@ -41,8 +41,10 @@ enum : unsigned
     HYDP_YEAR_ONLY_HEADER = 0x0040,  // the year caption takes the whole header (no month caption)
     HYDP_MONTH_SELECTS = 0x0080,     // a month-caption click selects that month instead of a menu
     HYDP_YEAR_SELECTS = 0x0100,      // a year-caption click selects that month instead of a menu
-    HYDP_DEFAULT_FLAGS = 411,
+    HYDP_DEFAULT_FLAGS = HYDP_PREV_ARROW | HYDP_NEXT_ARROW | HYDP_MONTH_CAPTION | HYDP_YEAR_CAPTION
+                       | HYDP_MONTH_SELECTS | HYDP_YEAR_SELECTS,
 };
+static_assert(HYDP_DEFAULT_FLAGS == 411);
 
 // The seven rectangles of one calendar.
 struct HyCalParts
@@ -71,6 +73,17 @@ struct HyMonthYear
     int year;
 };
 
+// The single-calendar rectangles the picker computes at creation: the
+// arrow squares, the caption, the month panel and the day area.
+struct HySingleCalRects
+{
+    HyRect prevArrow;
+    HyRect nextArrow;
+    HyRect caption;
+    HyRect monthPanel;
+    HyRect dayArea;
+};
+
 namespace hy {
 
 // Size of one calendar before borders: the fixed size, or the client area's share.
@@ -90,6 +103,17 @@ HYUI_API int PickerCalAt(const HyPickerMetrics& m, int calCount, int x, int y);
 // Column 0..6 and row 0..5 of the grid cell nearest (x, y); true when the point is inside the grid.
 HYUI_API bool PickerGridCell(const HyRect& dayGrid, int dayWidth, int dayHeight, int x, int y,
                              int& col, int& row);
+
+// The single-calendar rectangles of a client rectangle; s is the arrow
+// size (the vertical scroll thumb's height less one).
+HYUI_API HySingleCalRects SingleCalRects(const HyRect& client, int s);
+// Day cell 0..41 of the day area: a seventh of its width and height, the
+// first row left for the day-of-week initials, column 6 reaching the area's
+// right edge; with wholeWeek the cell's row across the whole area.
+HYUI_API HyRect SingleCalDayCell(const HyRect& dayArea, int cell, bool wholeWeek);
+// Month cell 1..12 of the month panel's 6 x 2 grid: a sixth of its width,
+// half its height, the last column reaching the panel's right edge.
+HYUI_API HyRect SingleCalMonthCell(const HyRect& monthPanel, int month);
 
 // n = year * 12 + month - 1 + delta; year = n / 12; month = n % 12 + 1.
 HYUI_API void IncrMonth(int& month, int& year, int delta);

@@ -56,22 +56,9 @@ protected:
     // looking in calendar `index` (or the first that shows it as its own day).
     CPoint DayPoint(int year, int month, int day, int index = -1)
     {
-        for (int i = 0; i < picker.GetCalCount(); ++i)
-        {
-            if (index >= 0 && i != index)
-                continue;
-            const CHyCalMonth* cal = picker.GetCalendar(i);
-            if (index < 0 && (cal->month != month || cal->year != year))
-                continue;
-            const int cell = cal->FindCell(day, month);
-            if (cell == CHyCalMonth::CellCount)
-                continue;
-            int d, m, y;
-            cal->GetCellDate(cell, d, m, y);
-            if (y != year)
-                continue;
-            return picker.GetCellRect(i, cell).CenterPoint();
-        }
+        CRect cell;
+        if (picker.GetDateCellRect(CHyDate(year, month, day, 0), cell, index))
+            return cell.CenterPoint();
         ADD_FAILURE() << "day " << day << "/" << month << "/" << year << " not shown";
         return CPoint(-1000, -1000);
     }

@@ -32,7 +32,9 @@ CHyDatePicker* PickerOf(HWND dialog)
 CPoint DayPoint(CHyDatePicker* picker, int day)
 {
     const CHyCalMonth* cal = picker->GetCalendar(0);
-    return picker->GetCellRect(0, cal->FindCell(day, cal->month)).CenterPoint();
+    CRect cell;
+    picker->GetDateCellRect(CHyDate(cal->year, cal->month, day, 0), cell, 0);
+    return cell.CenterPoint();
 }
 
 INT_PTR RunDialog(CHyDayPickerDlg& dialog, const std::function<void(HWND)>& act)

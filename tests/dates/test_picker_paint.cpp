@@ -19,7 +19,6 @@ namespace {
 
 using hytest::Renderer;
 
-constexpr DWORD kWholeWeekStyle = 8192;
 
 // Exposes the protected invalidation entry without changing the object's type.
 struct InvalidateAccess : CHyDatePicker
@@ -154,7 +153,7 @@ TEST_F(DatePickerPaintSelection, TheHighlightMovesWithTheSelectedDay)
 TEST_F(DatePickerPaintSelection, WholeWeekStyleFillsTheRowOfTheSelectedDayOnly)
 {
     Create();
-    picker.ModifyStyle(0, kWholeWeekStyle);
+    picker.ModifyStyle(0, HYDPS_WHOLE_WEEK);
     Renderer r(picker.m_hWnd);
     const COLORREF selected = r.Dominant(Cell(2005, 11, 15));
     for (int day = 13; day <= 19; ++day)  // Sunday 13 to Saturday 19 November 2005
@@ -468,7 +467,7 @@ using DatePickerPaintResources = DatePickerPaint;
 TEST_F(DatePickerPaintResources, ObjectCountsStaySteadyOverAThousandRepaints)
 {
     Create(4, 3);
-    picker.ModifyStyle(0, kWholeWeekStyle);
+    picker.ModifyStyle(0, HYDPS_WHOLE_WEEK);
     for (int kind = 0; kind < 4; ++kind)
         picker.AddEvent(2005, 11, 20 + kind, 0, kind);
     picker.SetStartDate(11, 3, 2005, 0);
