@@ -118,16 +118,11 @@ void CHyDatePicker::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
         return;
     }
     case VK_LEFT:
-        MoveHighlightByDays(-1);
-        return;
     case VK_RIGHT:
-        MoveHighlightByDays(1);
-        return;
     case VK_UP:
-        MoveHighlightByDays(-7);
-        return;
     case VK_DOWN:
-        MoveHighlightByDays(7);
+        // A day back or on; a week up or down.
+        MoveHighlightByDays((nChar == VK_LEFT || nChar == VK_UP ? -1 : 1) * (nChar == VK_UP || nChar == VK_DOWN ? 7 : 1));
         return;
     default:
         Default();

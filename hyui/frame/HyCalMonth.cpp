@@ -28,12 +28,8 @@ CHyCalMonth::CHyCalMonth(int monthToShow, int yearToShow, short mondayFirstFlag)
 
 void CHyCalMonth::SetMonth(int newMonth, int newYear)
 {
-    int prev = newMonth - 1;
-    if (prev < 1)
-        prev = 12;
-    int next = newMonth + 1;
-    if (next >= 13)
-        next = 1;
+    const int prev = newMonth - 1 < 1 ? 12 : newMonth - 1;
+    const int next = newMonth + 1 >= 13 ? 1 : newMonth + 1;
 
     if (newMonth == 9 && newYear == 1752) {
         // Intended: only the days are copied; cellMonth, month and year keep
