@@ -184,7 +184,6 @@ TEST(CalMonthGrid, September1752IsTheFixedGridAndNothingElse)
     };
     for (int cell = 0; cell < 42; ++cell) {
         EXPECT_EQ(expectedDays[cell], cal.cellDay[cell]) << cell;
-        EXPECT_EQ(expectedDays[cell], CHyCalMonth::s_september1752[cell]) << cell;
         EXPECT_EQ(monthsBefore[cell], cal.cellMonth[cell]) << cell;
     }
     // Stored month and year keep the previous layout; Monday-first is not applied.
