@@ -1,7 +1,6 @@
 // HyAfx private: per-process and per-thread framework state.
 #pragma once
 #include "afxwin.h"
-#include <unordered_map>
 
 class CDynLinkLibrary;
 
@@ -17,8 +16,6 @@ struct AfxProcessState
 
 struct AfxThreadState
 {
-    std::unordered_map<HWND, CWnd*> permanentMap;
-    std::unordered_map<HWND, CWnd*> temporaryMap;
     AFX_THREAD_MSG lastMsg{};             // the message being dispatched
     MSG lastSentMsg{};
     CWnd* pWndInit = nullptr;             // the object being created
