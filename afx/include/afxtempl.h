@@ -3,10 +3,18 @@
 // copyable type may be stored.
 #pragma once
 
-#include "afx.h"
+#include "afxstr.h"
 #include <new>
 #include <stdlib.h>
 #include <utility>
+
+#ifndef HYAFX_POSITION_DEFINED
+#define HYAFX_POSITION_DEFINED
+// An opaque iterator of the lists and maps.
+struct __POSITION {};
+typedef __POSITION* POSITION;
+#define BEFORE_START_POSITION ((POSITION)-1L)
+#endif
 
 // ---- element helpers, overridable per type as in the classic framework ----
 
@@ -31,13 +39,15 @@ inline UINT AFXAPI HyHashString(LPCTSTR key)
 }
 
 template <>
+inline UINT AFXAPI HashKey<WORD>(WORD key) { return key; }
+template <>
 inline UINT AFXAPI HashKey<LPCTSTR>(LPCTSTR key) { return HyHashString(key); }
 template <>
 inline UINT AFXAPI HashKey<const CString&>(const CString& key) { return HyHashString(key); }
 template <>
 inline UINT AFXAPI HashKey<CString>(CString key) { return HyHashString(key); }
 
-// ---- shared algorithms (also used by the non-template collections) ----
+// ---- shared algorithms ----
 namespace AfxCollImpl
 {
 
@@ -295,6 +305,9 @@ template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray : public CObject
 {
 public:
+    typedef TYPE BASE_TYPE;
+    typedef ARG_TYPE BASE_ARG_TYPE;
+
     CArray() : m_pData(NULL), m_nSize(0), m_nMaxSize(0), m_nGrowBy(0) {}
     ~CArray() override { RemoveAll(); }
 
@@ -310,7 +323,12 @@ public:
     void RemoveAll() { SetSize(0); }
 
     TYPE GetAt(int nIndex) const { ASSERT(nIndex >= 0 && nIndex < m_nSize); return m_pData[nIndex]; }
-    void SetAt(int nIndex, ARG_TYPE newElement) { ASSERT(nIndex >= 0 && nIndex < m_nSize); m_pData[nIndex] = newElement; }
+    void SetAt(int nIndex, ARG_TYPE newElement)
+    {
+        ASSERT(nIndex >= 0 && nIndex < m_nSize);
+        if (nIndex >= 0 && nIndex < m_nSize)
+            m_pData[nIndex] = newElement;
+    }
     TYPE& ElementAt(int nIndex) { ASSERT(nIndex >= 0 && nIndex < m_nSize); return m_pData[nIndex]; }
     const TYPE* GetData() const { return m_pData; }
     TYPE* GetData() { return m_pData; }
@@ -362,7 +380,7 @@ public:
     }
     void InsertAt(int nStartIndex, CArray* pNewArray)
     {
-        if (pNewArray == NULL || pNewArray->GetSize() == 0)
+        if (pNewArray == NULL || pNewArray->GetSize() == 0 || nStartIndex < 0)
             return;
         if (pNewArray == this)
         {
@@ -533,6 +551,11 @@ protected:
     };
 
 public:
+    typedef KEY BASE_KEY;
+    typedef ARG_KEY BASE_ARG_KEY;
+    typedef VALUE BASE_VALUE;
+    typedef ARG_VALUE BASE_ARG_VALUE;
+
     explicit CMap(int nBlockSize = 10)
         : m_pHashTable(NULL), m_nHashTableSize(17), m_nCount(0), m_nBlockSize(nBlockSize) {}
     ~CMap() override { RemoveAll(); }
@@ -691,3 +714,6 @@ public:
         rValue = (VALUE)valueBase;
     }
 };
+
+// The rest of the core headers, as the classic afxtempl.h brings them.
+#include "afx.h"
