@@ -3,7 +3,8 @@
 
 #include "afxhandlemap.h"
 
-#define SEND(msg, wp, lp) ::SendMessage(m_hWnd, (msg), (WPARAM)(wp), (LPARAM)(lp))
+// Every control message needs a live control.
+#define SEND(msg, wp, lp) (ASSERT(::IsWindow(m_hWnd)), ::SendMessage(m_hWnd, (msg), (WPARAM)(wp), (LPARAM)(lp)))
 
 /////////////////////////////////////////////////////////////////////////////
 // CStatic

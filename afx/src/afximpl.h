@@ -34,3 +34,6 @@ BOOL AfxUnhookWindowCreate();
 void AfxEnsureDefaultClass();
 // Loads a framework string from HyAfx.dll's own table.
 CString AfxLoadFrameworkString(UINT nID);
+
+// A member that needs a live window checks it, as the classic framework's do.
+#define ASSERT_LIVE_WINDOW() ASSERT(::IsWindow(m_hWnd))

@@ -118,6 +118,7 @@ HWND CWnd::Detach()
 
 BOOL CWnd::SubclassWindow(HWND hWnd)
 {
+    ASSERT(::IsWindow(hWnd));
     if (!Attach(hWnd))
         return FALSE;
     PreSubclassWindow();
@@ -135,6 +136,7 @@ BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent)
 
 HWND CWnd::UnsubclassWindow()
 {
+    ASSERT_LIVE_WINDOW();
     if (m_pfnSuper != nullptr)
         ::SetWindowLongPtr(m_hWnd, GWLP_WNDPROC, (LONG_PTR)m_pfnSuper);
     m_pfnSuper = nullptr;
@@ -233,6 +235,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
                     int x, int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu,
                     LPVOID lpParam)
 {
+    ASSERT(m_hWnd == nullptr);   // one window an object
     if (m_hWnd != nullptr)
         return FALSE;
     CREATESTRUCT cs{};
