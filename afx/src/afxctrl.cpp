@@ -345,15 +345,13 @@ IMPLEMENT_DYNCREATE(CMenu, CObject)
 
 namespace {
 
-// This thread's menus (afxhandlemap.h has the thread policy); never destroyed,
-// so a CMenu outliving the thread's maps (a static object) only destroys its menu.
+// This thread's menus (afxhandlemap.h has the thread policy).
 CHandleMap<HMENU, CMenu>& MenuMap()
 {
-    static auto* p = new CHandleMap<HMENU, CMenu>([](CMenu* pMenu) {
+    return AfxHandleMapOf<HMENU, CMenu>([](CMenu* pMenu) {
         pMenu->m_hMenu = nullptr;   // a temporary wrapper never destroys the menu
         delete pMenu;
     });
-    return *p;
 }
 
 }  // namespace

@@ -4,29 +4,25 @@
 #include "afxhandlemap.h"
 
 /////////////////////////////////////////////////////////////////////////////
-// Handle maps (afxhandlemap.h has the thread policy). Created on first use and
-// deliberately never destroyed: objects in other modules may still detach
-// from them while the process shuts down.
+// Handle maps (afxhandlemap.h has the thread policy).
 
 namespace {
 
 CHandleMap<HGDIOBJ, CGdiObject>& GdiMap()
 {
-    static auto* p = new CHandleMap<HGDIOBJ, CGdiObject>([](CGdiObject* pObject) {
+    return AfxHandleMapOf<HGDIOBJ, CGdiObject>([](CGdiObject* pObject) {
         pObject->m_hObject = NULL;  // a temporary wrapper never owns its handle
         delete pObject;
     });
-    return *p;
 }
 
 CHandleMap<HDC, CDC>& DCMap()
 {
-    static auto* p = new CHandleMap<HDC, CDC>([](CDC* pDC) {
+    return AfxHandleMapOf<HDC, CDC>([](CDC* pDC) {
         pDC->m_hDC = NULL;
         pDC->m_hAttribDC = NULL;
         delete pDC;
     });
-    return *p;
 }
 
 bool IsKindOfClass(const CObject* p, const CRuntimeClass* pClass)

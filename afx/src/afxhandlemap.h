@@ -128,3 +128,14 @@ private:
     PFN_FREE m_pfnFree;
     DWORD m_slot;
 };
+
+// The map of one kind of handle: made on first use and deliberately never
+// destroyed, since objects may still detach from it while the process shuts
+// down (a static object outliving its thread's tables only lets go of its
+// handle).
+template <class THandle, class TObject>
+CHandleMap<THandle, TObject>& AfxHandleMapOf(typename CHandleMap<THandle, TObject>::PFN_FREE pfnFree)
+{
+    static auto* p = new CHandleMap<THandle, TObject>(pfnFree);
+    return *p;
+}

@@ -70,16 +70,13 @@ CWnd::~CWnd()
 
 namespace {
 
-// This thread's windows (afxhandlemap.h has the thread policy). Created on
-// first use and deliberately never destroyed: objects may still detach from
-// it while the process shuts down.
+// This thread's windows (afxhandlemap.h has the thread policy).
 CHandleMap<HWND, CWnd>& WndMap()
 {
-    static auto* p = new CHandleMap<HWND, CWnd>([](CWnd* pWnd) {
+    return AfxHandleMapOf<HWND, CWnd>([](CWnd* pWnd) {
         pWnd->m_hWnd = nullptr;   // a temporary wrapper never destroys its window
         delete pWnd;
     });
-    return *p;
 }
 
 }  // namespace
