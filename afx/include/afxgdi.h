@@ -3,10 +3,11 @@
 // scope helpers of our own (CDCSelect, CDCSaveState) and a double buffer
 // (CMemDCBuffer) that make select-and-restore the default.
 //
-// Handle maps: an object that owns a handle (Attach, Create*) is found again by
-// FromHandle; any other handle gets a temporary wrapper that does not own it.
-// Temporary wrappers live in a per-thread map, one per handle, and are freed by
-// AfxDeleteTempGdiMaps() (idle processing) or when the thread ends.
+// Handle maps (per thread, docs/framework.md): an object that owns a handle
+// (Attach, Create*) is found again by FromHandle on the thread that attached
+// it; any other handle gets a temporary wrapper that does not own it, one per
+// handle and thread, freed by AfxDeleteTempGdiMaps() (idle processing) or
+// when the thread ends.
 #pragma once
 
 #include "afxver.h"

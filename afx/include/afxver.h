@@ -23,18 +23,28 @@
 #define afx_msg
 #define AFX_STATIC static
 
+// ASSERT is live where HYAFX_ASSERTS is defined (the Windows test build:
+// CMake option HYAFX_LIVE_ASSERT) or in a debug build (_DEBUG); elsewhere it
+// compiles to nothing and its expression is not evaluated.
 #ifndef ASSERT
-#ifdef NDEBUG
-#define ASSERT(f) ((void)0)
-#else
+#if defined(HYAFX_ASSERTS) || defined(_DEBUG)
 #define ASSERT(f) ((void)((f) || (AfxAssertFailed(__FILE__, __LINE__), 0)))
+#else
+#define ASSERT(f) ((void)0)
 #endif
 #endif
 #define VERIFY(f) ((void)(f))
 #define ASSERT_VALID(p) ((void)0)
 #define TRACE(...) ((void)0)
 
+// Reports a failed ASSERT: to the installed hook when there is one, else to
+// the debugger's output and stderr (and a break when a debugger is attached).
+// Execution continues after the report.
 HYAFX_API void AFXAPI AfxAssertFailed(LPCSTR file, int line);
+typedef void (AFXAPI* AFX_ASSERT_HOOK)(LPCSTR file, int line);
+// Installs the hook (NULL: none) and answers the previous one. The test
+// harness installs one that turns a failed ASSERT into a test failure.
+HYAFX_API AFX_ASSERT_HOOK AFXAPI AfxSetAssertHook(AFX_ASSERT_HOOK pfnHook);
 
 class CObject;
 class CArchive;

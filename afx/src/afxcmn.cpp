@@ -1,7 +1,8 @@
 // HyAfx: common control wrappers (up-down, rich edit, tooltip).
 #include "afxcmn.h"
 
-#define SEND(msg, wp, lp) ::SendMessage(m_hWnd, (msg), (WPARAM)(wp), (LPARAM)(lp))
+// Every control message needs a live control.
+#define SEND(msg, wp, lp) (ASSERT(::IsWindow(m_hWnd)), ::SendMessage(m_hWnd, (msg), (WPARAM)(wp), (LPARAM)(lp)))
 
 namespace {
 

@@ -27,12 +27,26 @@ BOOL CRuntimeClass::IsDerivedFrom(const CRuntimeClass* pBaseClass) const
     return FALSE;
 }
 
+static AFX_ASSERT_HOOK s_pfnAssertHook = nullptr;
+
+AFX_ASSERT_HOOK AFXAPI AfxSetAssertHook(AFX_ASSERT_HOOK pfnHook)
+{
+    return (AFX_ASSERT_HOOK)InterlockedExchangePointer((PVOID*)&s_pfnAssertHook, (PVOID)pfnHook);
+}
+
 void AFXAPI AfxAssertFailed(LPCSTR file, int line)
 {
+    if (AFX_ASSERT_HOOK pfnHook = s_pfnAssertHook)
+    {
+        pfnHook(file, line);
+        return;
+    }
     char buf[512];
     snprintf(buf, sizeof buf, "HyAfx assertion failed: %s(%d)\n", file, line);
     OutputDebugStringA(buf);
     fputs(buf, stderr);
+    if (IsDebuggerPresent())
+        DebugBreak();
 }
 
 // ---- state ----

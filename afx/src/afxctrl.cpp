@@ -1,10 +1,10 @@
 // HyAfx: the standard control wrappers and CMenu.
 #include "afxwin.h"
 
-#include <unordered_map>
-#include <vector>
+#include "afxhandlemap.h"
 
-#define SEND(msg, wp, lp) ::SendMessage(m_hWnd, (msg), (WPARAM)(wp), (LPARAM)(lp))
+// Every control message needs a live control.
+#define SEND(msg, wp, lp) (ASSERT(::IsWindow(m_hWnd)), ::SendMessage(m_hWnd, (msg), (WPARAM)(wp), (LPARAM)(lp)))
 
 /////////////////////////////////////////////////////////////////////////////
 // CStatic
@@ -345,33 +345,13 @@ IMPLEMENT_DYNCREATE(CMenu, CObject)
 
 namespace {
 
-// This thread's menu wrappers: the permanent ones (Attach) and the
-// temporary ones made by FromHandle.
-thread_local bool t_menuMapsGone = false;   // trivial: still readable after the maps are gone
-
-struct MenuMaps
+// This thread's menus (afxhandlemap.h has the thread policy).
+CHandleMap<HMENU, CMenu>& MenuMap()
 {
-    std::unordered_map<HMENU, CMenu*> permanent;
-    std::unordered_map<HMENU, CMenu*> temporary;
-
-    ~MenuMaps()
-    {
-        t_menuMapsGone = true;
-        for (auto& entry : temporary) {
-            entry.second->m_hMenu = nullptr;
-            delete entry.second;
-        }
-    }
-};
-
-// NULL once the thread's maps are destroyed (a CMenu outliving them, e.g. a
-// static object of the main thread, then only destroys its menu).
-MenuMaps* ThreadMenuMaps()
-{
-    if (t_menuMapsGone)
-        return nullptr;
-    thread_local MenuMaps maps;
-    return &maps;
+    return AfxHandleMapOf<HMENU, CMenu>([](CMenu* pMenu) {
+        pMenu->m_hMenu = nullptr;   // a temporary wrapper never destroys the menu
+        delete pMenu;
+    });
 }
 
 }  // namespace
@@ -388,20 +368,15 @@ BOOL CMenu::Attach(HMENU hMenu)
     if (hMenu == nullptr || m_hMenu != nullptr)
         return FALSE;
     m_hMenu = hMenu;
-    if (MenuMaps* maps = ThreadMenuMaps())
-        maps->permanent[hMenu] = this;
+    MenuMap().SetPermanent(hMenu, this);
     return TRUE;
 }
 
 HMENU CMenu::Detach()
 {
     HMENU hMenu = m_hMenu;
-    MenuMaps* maps = ThreadMenuMaps();
-    if (hMenu != nullptr && maps != nullptr) {
-        auto it = maps->permanent.find(hMenu);
-        if (it != maps->permanent.end() && it->second == this)
-            maps->permanent.erase(it);
-    }
+    if (hMenu != nullptr)
+        MenuMap().RemovePermanent(hMenu, this);
     m_hMenu = nullptr;
     return hMenu;
 }
@@ -432,46 +407,18 @@ BOOL CMenu::DestroyMenu()
     return ::DestroyMenu(hMenu);
 }
 
-CMenu* PASCAL CMenu::FromHandlePermanent(HMENU hMenu)
-{
-    MenuMaps* maps = ThreadMenuMaps();
-    if (maps == nullptr)
-        return nullptr;
-    auto it = maps->permanent.find(hMenu);
-    return it == maps->permanent.end() ? nullptr : it->second;
-}
+CMenu* PASCAL CMenu::FromHandlePermanent(HMENU hMenu) { return MenuMap().LookupPermanent(hMenu); }
 
 CMenu* PASCAL CMenu::FromHandle(HMENU hMenu)
 {
-    if (hMenu == nullptr)
-        return nullptr;
-    if (CMenu* pMenu = FromHandlePermanent(hMenu))
+    return MenuMap().FromHandle(hMenu, [](HMENU h) {
+        CMenu* pMenu = new CMenu;
+        pMenu->m_hMenu = h;   // not in the permanent map: it does not own the menu
         return pMenu;
-    MenuMaps* maps = ThreadMenuMaps();
-    if (maps == nullptr)
-        return nullptr;
-    auto& temp = maps->temporary;
-    auto it = temp.find(hMenu);
-    if (it != temp.end())
-        return it->second;
-    CMenu* pMenu = new CMenu;
-    pMenu->m_hMenu = hMenu;   // not in the permanent map: it does not own the menu
-    temp.emplace(hMenu, pMenu);
-    return pMenu;
+    });
 }
 
-void PASCAL CMenu::DeleteTempMap()
-{
-    MenuMaps* maps = ThreadMenuMaps();
-    if (maps == nullptr)
-        return;
-    std::unordered_map<HMENU, CMenu*> doomed;
-    doomed.swap(maps->temporary);
-    for (auto& entry : doomed) {
-        entry.second->m_hMenu = nullptr;   // a temporary wrapper never destroys the menu
-        delete entry.second;
-    }
-}
+void PASCAL CMenu::DeleteTempMap() { MenuMap().DeleteTemp(); }
 
 BOOL CMenu::AppendMenu(UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR lpszNewItem)
 {
@@ -602,12 +549,8 @@ BOOL PASCAL CMenu::HandleOwnerDraw(UINT message, LPARAM lParam)
         if (lpMIS == nullptr || lpMIS->CtlType != ODT_MENU)
             return FALSE;
         // The struct names no menu: look for the item among this thread's
-        // permanent menus. Copy first, MeasureItem may attach or detach.
-        MenuMaps* maps = ThreadMenuMaps();
-        if (maps == nullptr)
-            return FALSE;
-        std::vector<std::pair<HMENU, CMenu*>> menus(maps->permanent.begin(), maps->permanent.end());
-        for (auto& entry : menus) {
+        // permanent menus (a copy: MeasureItem may attach or detach).
+        for (auto& entry : MenuMap().PermanentEntries()) {
             if (MenuHoldsOwnerDrawItem(entry.first, lpMIS->itemID, lpMIS->itemData)) {
                 entry.second->MeasureItem(lpMIS);
                 return TRUE;

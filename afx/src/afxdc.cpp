@@ -105,6 +105,7 @@ int CDC::GetDeviceCaps(int nIndex) const { return ::GetDeviceCaps(m_hAttribDC, n
 
 HGDIOBJ CDC::SelectObject(HGDIOBJ hObject)
 {
+    ASSERT(m_hDC != NULL || m_hAttribDC != NULL);
     HGDIOBJ hOld = NULL;
     if (m_hDC != m_hAttribDC && m_hDC != NULL) hOld = ::SelectObject(m_hDC, hObject);
     if (m_hAttribDC != NULL) hOld = ::SelectObject(m_hAttribDC, hObject);
@@ -135,6 +136,7 @@ CFont* CDC::SelectObject(CFont* pFont)
 CBitmap* CDC::SelectObject(CBitmap* pBitmap)
 {
     // A bitmap is output surface only: the attribute DC keeps its own.
+    ASSERT(m_hDC != NULL);
     return CBitmap::FromHandle((HBITMAP)::SelectObject(m_hDC, pBitmap->GetSafeHandle()));
 }
 

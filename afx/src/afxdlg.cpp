@@ -47,6 +47,7 @@ INT_PTR CALLBACK CDialog::AfxDlgProc(HWND hWnd, UINT message, WPARAM, LPARAM)
 
 BOOL CDialog::CreateFromTemplate(LPCDLGTEMPLATE lpTemplate, HINSTANCE hInst, CWnd* pParentWnd)
 {
+    ASSERT(m_hWnd == nullptr);   // one dialog an object
     AfxHookWindowCreate(this);
     HWND hWnd = ::CreateDialogIndirectParam(hInst, lpTemplate, pParentWnd->GetSafeHwnd(), AfxDlgProc, 0);
     AfxUnhookWindowCreate();
@@ -155,6 +156,7 @@ INT_PTR CDialog::DoModal()
 
 void CDialog::EndDialog(int nResult)
 {
+    ASSERT_LIVE_WINDOW();
     if (m_nFlags & (WF_MODALLOOP | WF_CONTINUEMODAL))
         EndModalLoop(nResult);
     else
@@ -212,6 +214,7 @@ CDataExchange::CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate)
 HWND CDataExchange::PrepareCtrl(int nIDC)
 {
     HWND hWnd = ::GetDlgItem(m_pDlgWnd->GetSafeHwnd(), nIDC);
+    ASSERT(hWnd != nullptr);   // an exchange with a control the dialog does not have
     m_hWndLastControl = hWnd;
     m_bEditLastControl = FALSE;
     return hWnd;

@@ -1,123 +1,28 @@
 // HyAfx: handle maps and the GDI object wrappers.
 #include "afxgdi.h"
 
-#include <unordered_map>
-#include <vector>
+#include "afxhandlemap.h"
 
 /////////////////////////////////////////////////////////////////////////////
-// Handle maps
-//
-// Permanent entries (objects that own their handle) are process-wide so that
-// an object attached on one thread is found from another. Temporary wrappers
-// are per thread and never own their handle.
+// Handle maps (afxhandlemap.h has the thread policy).
 
 namespace {
 
-template <class THandle, class TObject>
-class CPermanentMap
+CHandleMap<HGDIOBJ, CGdiObject>& GdiMap()
 {
-public:
-    void Add(THandle h, TObject* p)
-    {
-        AcquireSRWLockExclusive(&m_lock);
-        m_map[h] = p;
-        ReleaseSRWLockExclusive(&m_lock);
-    }
-    void Remove(THandle h, TObject* p)
-    {
-        AcquireSRWLockExclusive(&m_lock);
-        auto it = m_map.find(h);
-        if (it != m_map.end() && it->second == p) m_map.erase(it);
-        ReleaseSRWLockExclusive(&m_lock);
-    }
-    TObject* Lookup(THandle h)
-    {
-        AcquireSRWLockShared(&m_lock);
-        auto it = m_map.find(h);
-        TObject* p = it != m_map.end() ? it->second : nullptr;
-        ReleaseSRWLockShared(&m_lock);
-        return p;
-    }
-
-private:
-    SRWLOCK m_lock = SRWLOCK_INIT;
-    std::unordered_map<THandle, TObject*> m_map;
-};
-
-// Created on first use and deliberately never destroyed: objects in other
-// modules may still detach from it while the process shuts down.
-CPermanentMap<HGDIOBJ, CGdiObject>& PermanentGdiMap()
-{
-    static auto* p = new CPermanentMap<HGDIOBJ, CGdiObject>;
-    return *p;
+    return AfxHandleMapOf<HGDIOBJ, CGdiObject>([](CGdiObject* pObject) {
+        pObject->m_hObject = NULL;  // a temporary wrapper never owns its handle
+        delete pObject;
+    });
 }
 
-CPermanentMap<HDC, CDC>& PermanentDCMap()
+CHandleMap<HDC, CDC>& DCMap()
 {
-    static auto* p = new CPermanentMap<HDC, CDC>;
-    return *p;
-}
-
-struct CTempMaps
-{
-    std::unordered_map<HGDIOBJ, CGdiObject*> gdi;
-    // Wrappers replaced by one of another kind for the same handle: still
-    // handed out, so they are kept until the next cleanup.
-    std::vector<CGdiObject*> gdiRetired;
-    std::unordered_map<HDC, CDC*> dc;
-
-    ~CTempMaps()
-    {
-        DeleteGdi();
-        DeleteDC();
-    }
-    void DeleteGdi()
-    {
-        for (auto& e : gdi) Free(e.second);
-        for (CGdiObject* p : gdiRetired) Free(p);
-        gdi.clear();
-        gdiRetired.clear();
-    }
-    void DeleteDC()
-    {
-        for (auto& e : dc)
-        {
-            e.second->m_hDC = NULL;
-            e.second->m_hAttribDC = NULL;
-            delete e.second;
-        }
-        dc.clear();
-    }
-    static void Free(CGdiObject* p)
-    {
-        p->m_hObject = NULL;  // a temporary wrapper never owns its handle
-        delete p;
-    }
-};
-
-// Per-thread storage through a fiber-local slot: its callback frees a thread's
-// maps when the thread ends, without relying on DllMain notifications.
-DWORD g_flsTempMaps = FLS_OUT_OF_INDEXES;
-INIT_ONCE g_flsOnce = INIT_ONCE_STATIC_INIT;
-
-void WINAPI FreeTempMaps(PVOID pv)
-{
-    delete static_cast<CTempMaps*>(pv);
-}
-
-CTempMaps& TempMaps()
-{
-    ::InitOnceExecuteOnce(&g_flsOnce, [](PINIT_ONCE, PVOID, PVOID*) -> BOOL {
-        g_flsTempMaps = ::FlsAlloc(FreeTempMaps);
-        return TRUE;
-    }, nullptr, nullptr);
-    auto* p = static_cast<CTempMaps*>(::FlsGetValue(g_flsTempMaps));
-    if (p == nullptr)
-    {
-        p = new CTempMaps;
-        ::FlsSetValue(g_flsTempMaps, p);
-    }
-    return *p;
+    return AfxHandleMapOf<HDC, CDC>([](CDC* pDC) {
+        pDC->m_hDC = NULL;
+        pDC->m_hAttribDC = NULL;
+        delete pDC;
+    });
 }
 
 bool IsKindOfClass(const CObject* p, const CRuntimeClass* pClass)
@@ -171,49 +76,40 @@ void AfxRemovePermanentDC(HDC hDC, CDC* pDC);
 CGdiObject* AfxLookupGdiObject(HGDIOBJ hObject, const CRuntimeClass* pClass)
 {
     if (hObject == NULL) return nullptr;
-    if (CGdiObject* p = PermanentGdiMap().Lookup(hObject); p != nullptr && IsKindOfClass(p, pClass))
+    CHandleMap<HGDIOBJ, CGdiObject>& map = GdiMap();
+    if (CGdiObject* p = map.LookupPermanent(hObject); p != nullptr && IsKindOfClass(p, pClass))
         return p;
-
-    CTempMaps& maps = TempMaps();
-    auto it = maps.gdi.find(hObject);
-    if (it != maps.gdi.end())
-    {
-        if (IsKindOfClass(it->second, pClass)) return it->second;
-        maps.gdiRetired.push_back(it->second);
-        maps.gdi.erase(it);
-    }
+    if (CGdiObject* p = map.LookupTemporary(hObject); p != nullptr && IsKindOfClass(p, pClass))
+        return p;
+    // A wrapper of another kind for the same handle is retired, not handed
+    // out as this kind.
     CGdiObject* p = NewWrapperOfKind(pClass, hObject);
     p->m_hObject = hObject;
-    maps.gdi.emplace(hObject, p);
+    map.SetTemporary(hObject, p);
     return p;
 }
 
 CDC* AfxLookupDC(HDC hDC)
 {
-    if (hDC == NULL) return nullptr;
-    if (CDC* p = PermanentDCMap().Lookup(hDC)) return p;
-    CTempMaps& maps = TempMaps();
-    auto it = maps.dc.find(hDC);
-    if (it != maps.dc.end()) return it->second;
-    CDC* p = new CDC;
-    p->m_hDC = hDC;
-    p->m_hAttribDC = hDC;
-    maps.dc.emplace(hDC, p);
-    return p;
+    return DCMap().FromHandle(hDC, [](HDC h) {
+        CDC* p = new CDC;
+        p->m_hDC = h;
+        p->m_hAttribDC = h;
+        return p;
+    });
 }
 
-void AfxAddPermanentDC(HDC hDC, CDC* pDC) { PermanentDCMap().Add(hDC, pDC); }
-void AfxRemovePermanentDC(HDC hDC, CDC* pDC) { PermanentDCMap().Remove(hDC, pDC); }
+void AfxAddPermanentDC(HDC hDC, CDC* pDC) { DCMap().SetPermanent(hDC, pDC); }
+void AfxRemovePermanentDC(HDC hDC, CDC* pDC) { DCMap().RemovePermanent(hDC, pDC); }
 
 HYAFX_API void AFXAPI AfxDeleteTempGdiMaps()
 {
-    CTempMaps& maps = TempMaps();
-    maps.DeleteGdi();
-    maps.DeleteDC();
+    GdiMap().DeleteTemp();
+    DCMap().DeleteTemp();
 }
 
-void PASCAL CGdiObject::DeleteTempMap() { TempMaps().DeleteGdi(); }
-void PASCAL CDC::DeleteTempMap() { TempMaps().DeleteDC(); }
+void PASCAL CGdiObject::DeleteTempMap() { GdiMap().DeleteTemp(); }
+void PASCAL CDC::DeleteTempMap() { DCMap().DeleteTemp(); }
 
 HDC CDC::GetSafeHdc() const
 {
@@ -252,14 +148,14 @@ BOOL CGdiObject::Attach(HGDIOBJ hObject)
     ASSERT(m_hObject == NULL);
     if (hObject == NULL) return FALSE;
     m_hObject = hObject;
-    PermanentGdiMap().Add(hObject, this);
+    GdiMap().SetPermanent(hObject, this);
     return TRUE;
 }
 
 HGDIOBJ CGdiObject::Detach()
 {
     HGDIOBJ hObject = m_hObject;
-    if (hObject != NULL) PermanentGdiMap().Remove(hObject, this);
+    if (hObject != NULL) GdiMap().RemovePermanent(hObject, this);
     m_hObject = NULL;
     return hObject;
 }

@@ -1,7 +1,6 @@
 // HyAfx private: per-process and per-thread framework state.
 #pragma once
 #include "afxwin.h"
-#include <unordered_map>
 
 class CDynLinkLibrary;
 
@@ -17,8 +16,6 @@ struct AfxProcessState
 
 struct AfxThreadState
 {
-    std::unordered_map<HWND, CWnd*> permanentMap;
-    std::unordered_map<HWND, CWnd*> temporaryMap;
     AFX_THREAD_MSG lastMsg{};             // the message being dispatched
     MSG lastSentMsg{};
     CWnd* pWndInit = nullptr;             // the object being created
@@ -37,3 +34,6 @@ BOOL AfxUnhookWindowCreate();
 void AfxEnsureDefaultClass();
 // Loads a framework string from HyAfx.dll's own table.
 CString AfxLoadFrameworkString(UINT nID);
+
+// A member that needs a live window checks it, as the classic framework's do.
+#define ASSERT_LIVE_WINDOW() ASSERT(::IsWindow(m_hWnd))

@@ -1,5 +1,6 @@
 // HyAfx: command targets, windows, the handle map, creation and dispatch.
 #include "afximpl.h"
+#include "afxhandlemap.h"
 #include <set>
 #include <string>
 #include <stdio.h>
@@ -67,57 +68,38 @@ CWnd::~CWnd()
     }
 }
 
-CWnd* PASCAL CWnd::FromHandlePermanent(HWND hWnd)
+namespace {
+
+// This thread's windows (afxhandlemap.h has the thread policy).
+CHandleMap<HWND, CWnd>& WndMap()
 {
-    if (hWnd == nullptr)
-        return nullptr;
-    auto& map = AfxGetThreadState().permanentMap;
-    auto it = map.find(hWnd);
-    return it == map.end() ? nullptr : it->second;
+    return AfxHandleMapOf<HWND, CWnd>([](CWnd* pWnd) {
+        pWnd->m_hWnd = nullptr;   // a temporary wrapper never destroys its window
+        delete pWnd;
+    });
 }
 
+}  // namespace
+
+CWnd* PASCAL CWnd::FromHandlePermanent(HWND hWnd) { return WndMap().LookupPermanent(hWnd); }
 CWnd* PASCAL CWnd::FromHandle(HWND hWnd)
 {
-    if (hWnd == nullptr)
-        return nullptr;
-    if (CWnd* p = FromHandlePermanent(hWnd))
+    return WndMap().FromHandle(hWnd, [](HWND h) {
+        CWnd* p = new CWnd;
+        p->m_hWnd = h;
+        p->m_nFlags |= WF_TEMPORARY;
         return p;
-    auto& temp = AfxGetThreadState().temporaryMap;
-    auto it = temp.find(hWnd);
-    if (it != temp.end())
-        return it->second;
-    CWnd* p = new CWnd;
-    p->m_hWnd = hWnd;
-    p->m_nFlags |= WF_TEMPORARY;
-    temp.emplace(hWnd, p);
-    return p;
+    });
 }
-
-void PASCAL CWnd::DeleteTempMap()
-{
-    auto& temp = AfxGetThreadState().temporaryMap;
-    for (auto& [h, p] : temp)
-    {
-        p->m_hWnd = nullptr;
-        delete p;
-    }
-    temp.clear();
-}
+void PASCAL CWnd::DeleteTempMap() { WndMap().DeleteTemp(); }
 
 BOOL CWnd::Attach(HWND hWndNew)
 {
     if (hWndNew == nullptr || m_hWnd != nullptr)
         return FALSE;
-    AfxThreadState& ts = AfxGetThreadState();
-    // A permanent object replaces a temporary wrapper of the same handle.
-    auto it = ts.temporaryMap.find(hWndNew);
-    if (it != ts.temporaryMap.end())
-    {
-        it->second->m_hWnd = nullptr;
-        delete it->second;
-        ts.temporaryMap.erase(it);
-    }
-    ts.permanentMap[hWndNew] = this;
+    // One object a window: attaching a second one is a misuse.
+    ASSERT(FromHandlePermanent(hWndNew) == nullptr);
+    WndMap().SetPermanent(hWndNew, this);
     m_hWnd = hWndNew;
     return TRUE;
 }
@@ -126,18 +108,14 @@ HWND CWnd::Detach()
 {
     HWND h = m_hWnd;
     if (h != nullptr)
-    {
-        auto& map = AfxGetThreadState().permanentMap;
-        auto it = map.find(h);
-        if (it != map.end() && it->second == this)
-            map.erase(it);
-    }
+        WndMap().RemovePermanent(h, this);
     m_hWnd = nullptr;
     return h;
 }
 
 BOOL CWnd::SubclassWindow(HWND hWnd)
 {
+    ASSERT(::IsWindow(hWnd));
     if (!Attach(hWnd))
         return FALSE;
     PreSubclassWindow();
@@ -155,6 +133,7 @@ BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent)
 
 HWND CWnd::UnsubclassWindow()
 {
+    ASSERT_LIVE_WINDOW();
     if (m_pfnSuper != nullptr)
         ::SetWindowLongPtr(m_hWnd, GWLP_WNDPROC, (LONG_PTR)m_pfnSuper);
     m_pfnSuper = nullptr;
@@ -253,6 +232,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
                     int x, int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu,
                     LPVOID lpParam)
 {
+    ASSERT(m_hWnd == nullptr);   // one window an object
     if (m_hWnd != nullptr)
         return FALSE;
     CREATESTRUCT cs{};

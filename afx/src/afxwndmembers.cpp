@@ -8,9 +8,9 @@ HWND CWnd::GetSafeHwnd() const { return this == nullptr ? nullptr : m_hWnd; }
 CWnd::operator HWND() const { return GetSafeHwnd(); }
 
 LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const
-{ return ::SendMessage(m_hWnd, message, wParam, lParam); }
+{ ASSERT_LIVE_WINDOW(); return ::SendMessage(m_hWnd, message, wParam, lParam); }
 BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) const
-{ return ::PostMessage(m_hWnd, message, wParam, lParam); }
+{ ASSERT_LIVE_WINDOW(); return ::PostMessage(m_hWnd, message, wParam, lParam); }
 BOOL CWnd::SendNotifyMessage(UINT message, WPARAM wParam, LPARAM lParam) const
 { return ::SendNotifyMessage(m_hWnd, message, wParam, lParam); }
 
@@ -30,7 +30,7 @@ void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, 
     }
 }
 
-DWORD CWnd::GetStyle() const { return (DWORD)::GetWindowLong(m_hWnd, GWL_STYLE); }
+DWORD CWnd::GetStyle() const { ASSERT_LIVE_WINDOW(); return (DWORD)::GetWindowLong(m_hWnd, GWL_STYLE); }
 DWORD CWnd::GetExStyle() const { return (DWORD)::GetWindowLong(m_hWnd, GWL_EXSTYLE); }
 
 static BOOL ModifyWindowLong(HWND hWnd, int nIndex, DWORD dwRemove, DWORD dwAdd, UINT nFlags)
@@ -47,20 +47,20 @@ static BOOL ModifyWindowLong(HWND hWnd, int nIndex, DWORD dwRemove, DWORD dwAdd,
 }
 
 BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags)
-{ return ModifyWindowLong(m_hWnd, GWL_STYLE, dwRemove, dwAdd, nFlags); }
+{ ASSERT_LIVE_WINDOW(); return ModifyWindowLong(m_hWnd, GWL_STYLE, dwRemove, dwAdd, nFlags); }
 BOOL CWnd::ModifyStyleEx(DWORD dwRemove, DWORD dwAdd, UINT nFlags)
 { return ModifyWindowLong(m_hWnd, GWL_EXSTYLE, dwRemove, dwAdd, nFlags); }
-int CWnd::GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
+int CWnd::GetDlgCtrlID() const { ASSERT_LIVE_WINDOW(); return ::GetDlgCtrlID(m_hWnd); }
 int CWnd::SetDlgCtrlID(int nID) { return (int)::SetWindowLongPtr(m_hWnd, GWLP_ID, nID); }
 BOOL CWnd::IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
 BOOL CWnd::IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
-BOOL CWnd::EnableWindow(BOOL bEnable) { return ::EnableWindow(m_hWnd, bEnable); }
-BOOL CWnd::ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
+BOOL CWnd::EnableWindow(BOOL bEnable) { ASSERT_LIVE_WINDOW(); return ::EnableWindow(m_hWnd, bEnable); }
+BOOL CWnd::ShowWindow(int nCmdShow) { ASSERT_LIVE_WINDOW(); return ::ShowWindow(m_hWnd, nCmdShow); }
 BOOL CWnd::IsIconic() const { return ::IsIconic(m_hWnd); }
 BOOL CWnd::IsZoomed() const { return ::IsZoomed(m_hWnd); }
 
-void CWnd::SetWindowText(LPCTSTR lpszString) { ::SetWindowText(m_hWnd, lpszString); }
-int CWnd::GetWindowText(LPTSTR buf, int nMaxCount) const { return ::GetWindowText(m_hWnd, buf, nMaxCount); }
+void CWnd::SetWindowText(LPCTSTR lpszString) { ASSERT_LIVE_WINDOW(); ::SetWindowText(m_hWnd, lpszString); }
+int CWnd::GetWindowText(LPTSTR buf, int nMaxCount) const { ASSERT_LIVE_WINDOW(); return ::GetWindowText(m_hWnd, buf, nMaxCount); }
 int CWnd::GetWindowTextLength() const { return ::GetWindowTextLength(m_hWnd); }
 
 void CWnd::GetWindowText(CString& rString) const
@@ -71,23 +71,23 @@ void CWnd::GetWindowText(CString& rString) const
 }
 
 void CWnd::SetFont(CFont* pFont, BOOL bRedraw)
-{ ::SendMessage(m_hWnd, WM_SETFONT, (WPARAM)pFont->GetSafeHandle(), bRedraw); }
+{ ASSERT_LIVE_WINDOW(); ::SendMessage(m_hWnd, WM_SETFONT, (WPARAM)pFont->GetSafeHandle(), bRedraw); }
 CFont* CWnd::GetFont() const
 { return CFont::FromHandle((HFONT)::SendMessage(m_hWnd, WM_GETFONT, 0, 0)); }
 
-void CWnd::GetWindowRect(LPRECT r) const { ::GetWindowRect(m_hWnd, r); }
-void CWnd::GetClientRect(LPRECT r) const { ::GetClientRect(m_hWnd, r); }
+void CWnd::GetWindowRect(LPRECT r) const { ASSERT_LIVE_WINDOW(); ::GetWindowRect(m_hWnd, r); }
+void CWnd::GetClientRect(LPRECT r) const { ASSERT_LIVE_WINDOW(); ::GetClientRect(m_hWnd, r); }
 void CWnd::ClientToScreen(LPPOINT p) const { ::ClientToScreen(m_hWnd, p); }
 void CWnd::ClientToScreen(LPRECT r) const { ::MapWindowPoints(m_hWnd, nullptr, (LPPOINT)r, 2); }
 void CWnd::ScreenToClient(LPPOINT p) const { ::ScreenToClient(m_hWnd, p); }
 void CWnd::ScreenToClient(LPRECT r) const { ::MapWindowPoints(nullptr, m_hWnd, (LPPOINT)r, 2); }
 void CWnd::MapWindowPoints(CWnd* pTo, LPPOINT p, UINT n) const { ::MapWindowPoints(m_hWnd, pTo->GetSafeHwnd(), p, n); }
 void CWnd::MapWindowPoints(CWnd* pTo, LPRECT r) const { ::MapWindowPoints(m_hWnd, pTo->GetSafeHwnd(), (LPPOINT)r, 2); }
-void CWnd::MoveWindow(int x, int y, int w, int h, BOOL bRepaint) { ::MoveWindow(m_hWnd, x, y, w, h, bRepaint); }
+void CWnd::MoveWindow(int x, int y, int w, int h, BOOL bRepaint) { ASSERT_LIVE_WINDOW(); ::MoveWindow(m_hWnd, x, y, w, h, bRepaint); }
 void CWnd::MoveWindow(LPCRECT r, BOOL bRepaint)
 { ::MoveWindow(m_hWnd, r->left, r->top, r->right - r->left, r->bottom - r->top, bRepaint); }
 BOOL CWnd::SetWindowPos(const CWnd* pAfter, int x, int y, int cx, int cy, UINT nFlags)
-{ return ::SetWindowPos(m_hWnd, pAfter->GetSafeHwnd(), x, y, cx, cy, nFlags); }
+{ ASSERT_LIVE_WINDOW(); return ::SetWindowPos(m_hWnd, pAfter->GetSafeHwnd(), x, y, cx, cy, nFlags); }
 int CWnd::SetWindowRgn(HRGN hRgn, BOOL bRedraw) { return ::SetWindowRgn(m_hWnd, hRgn, bRedraw); }
 int CWnd::GetWindowRgn(HRGN hRgn) const { return ::GetWindowRgn(m_hWnd, hRgn); }
 CWnd* CWnd::ChildWindowFromPoint(POINT pt) const { return FromHandle(::ChildWindowFromPoint(m_hWnd, pt)); }
@@ -141,14 +141,14 @@ CDC* CWnd::GetWindowDC() { return CDC::FromHandle(::GetWindowDC(m_hWnd)); }
 int CWnd::ReleaseDC(CDC* pDC) { return ::ReleaseDC(m_hWnd, pDC->GetSafeHdc()); }
 CDC* CWnd::BeginPaint(LPPAINTSTRUCT ps) { return CDC::FromHandle(::BeginPaint(m_hWnd, ps)); }
 void CWnd::EndPaint(LPPAINTSTRUCT ps) { ::EndPaint(m_hWnd, ps); }
-void CWnd::Invalidate(BOOL bErase) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
-void CWnd::InvalidateRect(LPCRECT r, BOOL bErase) { ::InvalidateRect(m_hWnd, r, bErase); }
+void CWnd::Invalidate(BOOL bErase) { ASSERT_LIVE_WINDOW(); ::InvalidateRect(m_hWnd, nullptr, bErase); }
+void CWnd::InvalidateRect(LPCRECT r, BOOL bErase) { ASSERT_LIVE_WINDOW(); ::InvalidateRect(m_hWnd, r, bErase); }
 void CWnd::InvalidateRgn(CRgn* pRgn, BOOL bErase) { ::InvalidateRgn(m_hWnd, (HRGN)pRgn->GetSafeHandle(), bErase); }
 void CWnd::ValidateRect(LPCRECT r) { ::ValidateRect(m_hWnd, r); }
 void CWnd::ValidateRgn(CRgn* pRgn) { ::ValidateRgn(m_hWnd, (HRGN)pRgn->GetSafeHandle()); }
 BOOL CWnd::RedrawWindow(LPCRECT r, CRgn* pRgn, UINT flags)
 { return ::RedrawWindow(m_hWnd, r, pRgn ? (HRGN)pRgn->GetSafeHandle() : nullptr, flags); }
-void CWnd::UpdateWindow() { ::UpdateWindow(m_hWnd); }
+void CWnd::UpdateWindow() { ASSERT_LIVE_WINDOW(); ::UpdateWindow(m_hWnd); }
 BOOL CWnd::GetUpdateRect(LPRECT r, BOOL bErase) { return ::GetUpdateRect(m_hWnd, r, bErase); }
 void CWnd::SetRedraw(BOOL bRedraw) { ::SendMessage(m_hWnd, WM_SETREDRAW, bRedraw, 0); }
 
@@ -182,14 +182,14 @@ void CWnd::ScrollWindow(int dx, int dy, LPCRECT r, LPCRECT clip) { ::ScrollWindo
 int CWnd::ScrollWindowEx(int dx, int dy, LPCRECT r, LPCRECT clip, CRgn* pRgn, LPRECT rUpdate, UINT flags)
 { return ::ScrollWindowEx(m_hWnd, dx, dy, r, clip, pRgn ? (HRGN)pRgn->GetSafeHandle() : nullptr, rUpdate, flags); }
 
-CWnd* CWnd::SetCapture() { return FromHandle(::SetCapture(m_hWnd)); }
+CWnd* CWnd::SetCapture() { ASSERT_LIVE_WINDOW(); return FromHandle(::SetCapture(m_hWnd)); }
 CWnd* PASCAL CWnd::GetCapture() { return FromHandle(::GetCapture()); }
-CWnd* CWnd::SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
+CWnd* CWnd::SetFocus() { ASSERT_LIVE_WINDOW(); return FromHandle(::SetFocus(m_hWnd)); }
 CWnd* PASCAL CWnd::GetFocus() { return FromHandle(::GetFocus()); }
 CWnd* CWnd::SetActiveWindow() { return FromHandle(::SetActiveWindow(m_hWnd)); }
 CWnd* PASCAL CWnd::GetActiveWindow() { return FromHandle(::GetActiveWindow()); }
 BOOL CWnd::SetForegroundWindow() { return ::SetForegroundWindow(m_hWnd); }
-UINT_PTR CWnd::SetTimer(UINT_PTR id, UINT nElapse, TIMERPROC fn) { return ::SetTimer(m_hWnd, id, nElapse, fn); }
+UINT_PTR CWnd::SetTimer(UINT_PTR id, UINT nElapse, TIMERPROC fn) { ASSERT_LIVE_WINDOW(); return ::SetTimer(m_hWnd, id, nElapse, fn); }
 BOOL CWnd::KillTimer(UINT_PTR id) { return ::KillTimer(m_hWnd, id); }
 
 CWnd* CWnd::GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
@@ -199,7 +199,7 @@ void CWnd::SetOwner(CWnd* pOwner) { ::SetWindowLongPtr(m_hWnd, GWLP_HWNDPARENT, 
 CWnd* CWnd::GetTopLevelParent() const { return FromHandle(::GetAncestor(m_hWnd, GA_ROOT)); }
 CWnd* CWnd::GetWindow(UINT nCmd) const { return FromHandle(::GetWindow(m_hWnd, nCmd)); }
 CWnd* CWnd::GetNextWindow(UINT nFlag) const { return FromHandle(::GetWindow(m_hWnd, nFlag)); }
-CWnd* CWnd::GetDlgItem(int nID) const { return FromHandle(::GetDlgItem(m_hWnd, nID)); }
+CWnd* CWnd::GetDlgItem(int nID) const { ASSERT_LIVE_WINDOW(); return FromHandle(::GetDlgItem(m_hWnd, nID)); }
 void CWnd::GetDlgItem(int nID, HWND* phWnd) const { *phWnd = ::GetDlgItem(m_hWnd, nID); }
 UINT CWnd::GetDlgItemInt(int nID, BOOL* lpTrans, BOOL bSigned) const { return ::GetDlgItemInt(m_hWnd, nID, lpTrans, bSigned); }
 void CWnd::SetDlgItemInt(int nID, UINT nValue, BOOL bSigned) { ::SetDlgItemInt(m_hWnd, nID, nValue, bSigned); }

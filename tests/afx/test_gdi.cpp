@@ -330,31 +330,6 @@ TEST(GdiObjects, TemporaryWrappersAreReusedAndFreedWithoutDeletingTheHandle)
     EXPECT_EQ(nullptr, CGdiObject::FromHandle(nullptr));
 }
 
-TEST(GdiObjects, TemporaryWrappersAreKeptPerThreadAndFreedWhenTheThreadEnds)
-{
-    struct Shared { HBRUSH brush; CBrush* pOtherThreads; CDC* pOtherThreadsDC; HDC dc; } shared{};
-    shared.brush = ::CreateSolidBrush(kBlue);
-    shared.dc = ::CreateCompatibleDC(nullptr);
-    HANDLE thread = ::CreateThread(nullptr, 0, [](LPVOID pv) -> DWORD {
-        auto* p = static_cast<Shared*>(pv);
-        p->pOtherThreads = CBrush::FromHandle(p->brush);
-        p->pOtherThreadsDC = CDC::FromHandle(p->dc);
-        return 0;  // ends with its temporary wrappers still in place
-    }, &shared, 0, nullptr);
-    ASSERT_NE(nullptr, thread);
-    ::WaitForSingleObject(thread, INFINITE);
-    ::CloseHandle(thread);
-    ASSERT_NE(nullptr, shared.pOtherThreads);
-    // This thread has its own map, and the ended thread's cleanup left the
-    // handles alone.
-    EXPECT_EQ(OBJ_BRUSH, ::GetObjectType(shared.brush));
-    EXPECT_EQ(OBJ_MEMDC, ::GetObjectType(shared.dc));
-    EXPECT_EQ(shared.brush, CBrush::FromHandle(shared.brush)->m_hObject);
-    AfxDeleteTempGdiMaps();
-    ::DeleteObject(shared.brush);
-    ::DeleteDC(shared.dc);
-}
-
 TEST(GdiObjects, GenericLookupAnswersAWrapperOfTheObjectsKind)
 {
     CPen pen(PS_SOLID, 1, kRed);

@@ -1,12 +1,16 @@
-// Arrays, lists and maps: ordering, growth, insertion and removal, and
-// element lifetimes (every constructed element is destroyed exactly once).
+// Arrays, lists and maps, one table of element types over the templates and
+// the classic classes built on them: ordering, growth, insertion and removal,
+// and element lifetimes (every constructed element is destroyed exactly once).
 #include <gtest/gtest.h>
 
 #include "afx.h"
 #include "afxtempl.h"
 
+#include <stdlib.h>
 #include <set>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -41,85 +45,107 @@ struct Tracked
 };
 int Tracked::s_nLive = 0;
 
-class Named : public CObject
-{
-public:
-    explicit Named(int n) : m_n(n) {}
-    int m_n;
-};
+// Element of each collection for a small number, and back (0 is the empty element).
+int ValueOf(const Tracked& t) { return t.Value(); }
+int ValueOf(const CString& s) { return atoi(s); }
+int ValueOf(void* p) { return (int)(INT_PTR)p; }
+int ValueOf(DWORD d) { return (int)d; }
+template <class T> T Make(int n) { return T(n); }
+template <> CString Make<CString>(int n) { return n ? CString(std::to_string(n).c_str()) : CString(); }
+template <> void* Make<void*>(int n) { return (void*)(INT_PTR)n; }
 
-template <class ARRAY>
-std::string Values(const ARRAY& arr)
+template <class COLL>
+std::string Values(const COLL& coll)
 {
     std::string s;
-    for (int i = 0; i < arr.GetSize(); i++)
-        s += (i ? "," : "") + std::to_string(arr.GetAt(i).Value());
+    for (int i = 0; i < coll.GetSize(); i++)
+        s += (i ? "," : "") + std::to_string(ValueOf(coll.GetAt(i)));
     return s;
 }
 
-} // namespace
-
-// ---- CArray ----
-
-TEST(ValuesArray, GrowsAndKeepsEveryElement)
+template <class LIST>
+std::string ListValues(const LIST& list)
 {
-    {
-        CArray<Tracked, const Tracked&> arr;
-        for (int i = 0; i < 1000; i++)
-            EXPECT_EQ(i, arr.Add(Tracked(i)));
-        EXPECT_EQ(1000, arr.GetSize());
-        EXPECT_EQ(999, arr.GetUpperBound());
-        EXPECT_EQ(1000, Tracked::s_nLive);
-        for (int i = 0; i < 1000; i++)
-            ASSERT_EQ(i, arr[i].Value());
-        arr.SetSize(10);
-        EXPECT_EQ(10, Tracked::s_nLive);
-        arr.FreeExtra();
-        EXPECT_EQ("0,1,2,3,4,5,6,7,8,9", Values(arr));
-        arr.SetSize(12, 100);
-        EXPECT_EQ(0, arr[11].Value());   // new elements are default-constructed
-        EXPECT_EQ(12, Tracked::s_nLive);
-    }
-    EXPECT_EQ(0, Tracked::s_nLive);
+    std::string s;
+    for (POSITION pos = list.GetHeadPosition(); pos != NULL;)
+        s += (s.empty() ? "" : ",") + std::to_string(ValueOf(list.GetNext(pos)));
+    return s;
 }
 
-TEST(ValuesArray, InsertsAndRemovesRanges)
+template <class ARRAY>
+class ValuesArray : public ::testing::Test
 {
-    {
-        CArray<Tracked, const Tracked&> arr;
-        for (int i = 0; i < 5; i++)
-            arr.Add(Tracked(i));
-        arr.InsertAt(2, Tracked(9), 3);
-        EXPECT_EQ("0,1,9,9,9,2,3,4", Values(arr));
-        arr.RemoveAt(1, 3);
-        EXPECT_EQ("0,9,2,3,4", Values(arr));
-        arr.InsertAt(7, Tracked(7));   // past the end: the gap is default elements
-        EXPECT_EQ("0,9,2,3,4,0,0,7", Values(arr));
-        arr.RemoveAt(6, 100);          // removal is clipped at the end
-        EXPECT_EQ("0,9,2,3,4,0", Values(arr));
-        EXPECT_EQ(6, Tracked::s_nLive);
+protected:
+    using T = typename ARRAY::BASE_TYPE;
+    static T E(int n) { return Make<T>(n); }
+    void TearDown() override { EXPECT_EQ(0, Tracked::s_nLive); }
+};
+using Arrays = ::testing::Types<CArray<Tracked, const Tracked&>, CStringArray, CPtrArray, CDWordArray>;
+TYPED_TEST_SUITE(ValuesArray, Arrays);
 
-        CArray<Tracked, const Tracked&> other;
-        other.Add(Tracked(50));
-        other.Add(Tracked(51));
-        arr.InsertAt(1, &other);
-        EXPECT_EQ("0,50,51,9,2,3,4,0", Values(arr));
-        arr.InsertAt(0, &arr);   // inserting itself
-        EXPECT_EQ(16, arr.GetSize());
-        EXPECT_EQ("0,50,51,9", Values(arr).substr(0, 9));
-        EXPECT_EQ(18, Tracked::s_nLive);
-
-        arr.SetAtGrow(20, Tracked(20));
-        EXPECT_EQ(21, arr.GetSize());
-        arr.RemoveAll();
-        EXPECT_EQ(2, Tracked::s_nLive);
-    }
-    EXPECT_EQ(0, Tracked::s_nLive);
+TYPED_TEST(ValuesArray, GrowsKeepsEveryElementAndZeroesNewOnes)
+{
+    TypeParam arr;
+    for (int i = 0; i < 1000; i++)
+        ASSERT_EQ(i, arr.Add(this->E(i)));
+    EXPECT_EQ(1000, arr.GetSize());
+    EXPECT_EQ(999, arr.GetUpperBound());
+    for (int i = 0; i < 1000; i++)
+        ASSERT_EQ(i, ValueOf(arr[i]));
+    arr.SetSize(10);
+    arr.FreeExtra();
+    EXPECT_EQ("0,1,2,3,4,5,6,7,8,9", Values(arr));
+    arr.SetSize(12, 100);
+    EXPECT_EQ(0, ValueOf(arr[11]));   // new elements are zero / empty
+    arr.SetAtGrow(14, this->E(5));
+    EXPECT_EQ("0,1,2,3,4,5,6,7,8,9,0,0,0,0,5", Values(arr));
+    arr.RemoveAll();
+    EXPECT_TRUE(arr.IsEmpty());
 }
 
-TEST(ValuesArray, AddingItsOwnElementSurvivesReallocation)
+TYPED_TEST(ValuesArray, InsertsAndRemovesRanges)
 {
-    CArray<CString, const CString&> arr;
+    TypeParam arr;
+    for (int i = 0; i < 5; i++)
+        arr.Add(this->E(i));
+    arr.InsertAt(2, this->E(9), 3);
+    EXPECT_EQ("0,1,9,9,9,2,3,4", Values(arr));
+    arr.RemoveAt(1, 3);
+    EXPECT_EQ("0,9,2,3,4", Values(arr));
+    arr.InsertAt(7, this->E(7));   // past the end: the gap is default elements
+    EXPECT_EQ("0,9,2,3,4,0,0,7", Values(arr));
+    arr.RemoveAt(6, 100);          // removal is clipped at the end
+    arr.SetAt(0, this->E(8));
+    arr.ElementAt(1) = this->E(6);
+    EXPECT_EQ("8,6,2,3,4,0", Values(arr));
+
+    TypeParam other;
+    other.Add(this->E(50));
+    other.Add(this->E(51));
+    arr.InsertAt(1, &other);
+    EXPECT_EQ("8,50,51,6,2,3,4,0", Values(arr));
+    arr.InsertAt(0, &arr);   // inserting itself
+    EXPECT_EQ("8,50,51,6,2,3,4,0,8,50,51,6,2,3,4,0", Values(arr));
+}
+
+TYPED_TEST(ValuesArray, CopyAndAppend)
+{
+    TypeParam a, b;
+    for (int i = 1; i < 4; i++)
+        a.Add(this->E(i));
+    b.Add(this->E(7));
+    EXPECT_EQ(1, b.Append(a));
+    EXPECT_EQ("7,1,2,3", Values(b));
+    EXPECT_EQ(4, b.Append(b));
+    EXPECT_EQ("7,1,2,3,7,1,2,3", Values(b));
+    b.Copy(a);
+    EXPECT_EQ("1,2,3", Values(b));
+    EXPECT_EQ(3, b.GetCount());
+}
+
+TEST(ValuesArrayOwnElement, AddingItsOwnElementSurvivesReallocation)
+{
+    CStringArray arr;
     arr.SetSize(0, 1);   // grow by one: every Add reallocates
     arr.Add(CString("first, long enough to live on the heap"));
     for (int i = 0; i < 50; i++)
@@ -129,174 +155,90 @@ TEST(ValuesArray, AddingItsOwnElementSurvivesReallocation)
     ASSERT_EQ(101, arr.GetSize());
     for (int i = 0; i < arr.GetSize(); i++)
         ASSERT_STREQ("first, long enough to live on the heap", (LPCTSTR)arr[i]) << i;
-}
-
-TEST(ValuesArray, CopyAndAppend)
-{
-    {
-        CArray<Tracked, const Tracked&> a, b;
-        for (int i = 0; i < 3; i++)
-            a.Add(Tracked(i));
-        b.Add(Tracked(7));
-        EXPECT_EQ(1, b.Append(a));
-        EXPECT_EQ("7,0,1,2", Values(b));
-        EXPECT_EQ(4, b.Append(b));
-        EXPECT_EQ("7,0,1,2,7,0,1,2", Values(b));
-        b.Copy(a);
-        EXPECT_EQ("0,1,2", Values(b));
-        EXPECT_EQ(6, Tracked::s_nLive);
-    }
-    EXPECT_EQ(0, Tracked::s_nLive);
-}
-
-TEST(ValuesArray, StringArrayEditing)
-{
-    CStringArray arr;
-    arr.Add("b");
-    arr.Add(CString("d"));
-    arr.InsertAt(0, "a");
-    arr.InsertAt(2, "c", 2);
-    ASSERT_EQ(5, arr.GetSize());
-    EXPECT_STREQ("a", (LPCTSTR)arr[0]);
-    EXPECT_STREQ("c", (LPCTSTR)arr[3]);
-    EXPECT_STREQ("d", (LPCTSTR)arr.GetAt(4));
-    arr.RemoveAt(2);
-    arr.SetAt(0, "A");
-    arr.ElementAt(1) += "!";
-    arr.SetAtGrow(6, "g");
-    ASSERT_EQ(7, arr.GetSize());
-    EXPECT_TRUE(arr[5].IsEmpty());
-    EXPECT_STREQ("A", (LPCTSTR)arr[0]);
-    EXPECT_STREQ("b!", (LPCTSTR)arr[1]);
-    EXPECT_STREQ("g", (LPCTSTR)arr.GetData()[6]);
-
-    CStringArray copy;
-    copy.Copy(arr);
-    copy.Append(arr);
-    EXPECT_EQ(14, copy.GetSize());
-    EXPECT_STREQ("g", (LPCTSTR)copy[13]);
     EXPECT_TRUE(arr.IsKindOf(RUNTIME_CLASS(CStringArray)));
-}
-
-TEST(ValuesArray, ScalarArraysZeroNewElements)
-{
-    CDWordArray dw;
-    dw.SetSize(4);
-    dw[2] = 0xDEADBEEF;
-    dw.SetSize(100);
-    EXPECT_EQ(0xDEADBEEFu, dw[2]);
-    for (int i = 4; i < 100; i++)
-        ASSERT_EQ(0u, dw[i]);
-
-    CPtrArray ptrs;
-    int x = 0;
-    ptrs.SetAtGrow(3, &x);
-    EXPECT_EQ(nullptr, ptrs[0]);
-    EXPECT_EQ(&x, ptrs[3]);
-
-    CByteArray bytes;
-    for (int i = 0; i < 300; i++)
-        bytes.Add((BYTE)i);
-    bytes.RemoveAt(0, 256);
-    EXPECT_EQ(44, bytes.GetSize());
-    EXPECT_EQ(0, bytes[0]);
-
-    CTypedPtrArray<CPtrArray, int*> typed;
-    typed.Add(&x);
-    *typed[0] = 5;
-    EXPECT_EQ(5, x);
 }
 
 // ---- lists ----
 
-TEST(ValuesCollections, ListKeepsOrderAndPositions)
+template <class LIST>
+class ValuesList : public ::testing::Test
 {
-    CPtrList list;
-    int v[6] = { 0, 1, 2, 3, 4, 5 };
-    list.AddTail(&v[2]);
-    list.AddHead(&v[1]);
-    POSITION pos4 = list.AddTail(&v[4]);
-    list.InsertBefore(pos4, &v[3]);
-    list.InsertAfter(pos4, &v[5]);
-    list.InsertBefore(list.GetHeadPosition(), &v[0]);
-    ASSERT_EQ(6, list.GetCount());
+protected:
+    using T = std::remove_reference_t<decltype(std::declval<LIST&>().GetHead())>;
+    static T E(int n) { return Make<T>(n); }
+    void TearDown() override { EXPECT_EQ(0, Tracked::s_nLive); }
+};
+using Lists = ::testing::Types<CList<Tracked, const Tracked&>, CStringList, CPtrList>;
+TYPED_TEST_SUITE(ValuesList, Lists);
 
-    int expected = 0;
-    for (POSITION pos = list.GetHeadPosition(); pos != NULL; )
-        EXPECT_EQ(expected++, *(int*)list.GetNext(pos));
-    EXPECT_EQ(6, expected);
-    for (POSITION pos = list.GetTailPosition(); pos != NULL; )
-        EXPECT_EQ(--expected, *(int*)list.GetPrev(pos));
+TYPED_TEST(ValuesList, KeepsOrderAndPositions)
+{
+    TypeParam list;
+    list.AddTail(this->E(2));
+    list.AddHead(this->E(1));
+    POSITION pos4 = list.AddTail(this->E(4));
+    list.InsertBefore(pos4, this->E(3));
+    list.InsertAfter(pos4, this->E(5));
+    list.InsertBefore(list.GetHeadPosition(), this->E(6));
+    EXPECT_EQ("6,1,2,3,4,5", ListValues(list));
+    std::string backwards;
+    for (POSITION pos = list.GetTailPosition(); pos != NULL;)
+        backwards += std::to_string(ValueOf(list.GetPrev(pos)));
+    EXPECT_EQ("543216", backwards);
 
-    EXPECT_EQ(&v[3], list.GetAt(list.FindIndex(3)));
+    EXPECT_EQ(3, ValueOf(list.GetAt(list.FindIndex(3))));
     EXPECT_EQ(NULL, list.FindIndex(6));
-    EXPECT_EQ(pos4, list.Find(&v[4]));
-    EXPECT_EQ(NULL, list.Find(&v[4], pos4));
+    EXPECT_EQ(pos4, list.Find(this->E(4)));
+    EXPECT_EQ(NULL, list.Find(this->E(4), pos4));
 
     // Removing while iterating: the saved position stays valid.
-    for (POSITION pos = list.GetHeadPosition(); pos != NULL; )
+    for (POSITION pos = list.GetHeadPosition(); pos != NULL;)
     {
         POSITION posCur = pos;
-        int n = *(int*)list.GetNext(pos);
-        if (n % 2 == 1)
+        if (ValueOf(list.GetNext(pos)) % 2 == 1)
             list.RemoveAt(posCur);
     }
-    EXPECT_EQ(3, list.GetCount());
-    EXPECT_EQ(&v[0], list.RemoveHead());
-    EXPECT_EQ(&v[4], list.RemoveTail());
-    EXPECT_EQ(&v[2], list.GetHead());
-    EXPECT_EQ(list.GetHead(), list.GetTail());
+    EXPECT_EQ("6,2,4", ListValues(list));
+    EXPECT_EQ(6, ValueOf(list.RemoveHead()));
+    EXPECT_EQ(4, ValueOf(list.RemoveTail()));
+    EXPECT_EQ(2, ValueOf(list.GetHead()));
+    EXPECT_EQ(2, ValueOf(list.GetTail()));
+
+    TypeParam front;
+    front.AddTail(this->E(1));
+    front.AddTail(this->E(3));
+    list.AddHead(&front);
+    list.AddTail(&list);   // appending itself doubles it once
+    EXPECT_EQ("1,3,2,1,3,2", ListValues(list));
     list.RemoveAll();
     EXPECT_TRUE(list.IsEmpty());
     EXPECT_EQ(NULL, list.GetHeadPosition());
 }
 
-TEST(ValuesCollections, ObjectListsAndTypedLists)
+class Named : public CObject
 {
-    Named a(1), b(2), c(3);
+public:
+    explicit Named(int n) : m_n(n) {}
+    int m_n;
+};
+
+TEST(ValuesTypedPointers, ListsAndArraysAnswerTheirType)
+{
+    Named a(1), b(2);
     CTypedPtrList<CObList, Named*> list;
     list.AddTail(&b);
-    list.AddTail(&c);
-    CTypedPtrList<CObList, Named*> front;
-    front.AddTail(&a);
-    list.AddHead(&front);
-    list.AddTail(&list);   // appending itself doubles it once
-    ASSERT_EQ(6, list.GetCount());
-    int sum = 0;
-    for (POSITION pos = list.GetHeadPosition(); pos != NULL; )
-        sum = sum * 10 + list.GetNext(pos)->m_n;
-    EXPECT_EQ(123123, sum);
-    EXPECT_EQ(&a, list.RemoveHead());
-}
-
-TEST(ValuesCollections, TemplateListDestroysEveryElement)
-{
-    {
-        CList<Tracked, const Tracked&> list;
-        for (int i = 0; i < 100; i++)
-            list.AddTail(Tracked(i));
-        POSITION pos = list.Find(Tracked(50));
-        ASSERT_NE(nullptr, pos);
-        list.RemoveAt(pos);
-        list.InsertAfter(list.FindIndex(10), Tracked(-1));
-        EXPECT_EQ(-1, list.GetAt(list.FindIndex(11)).Value());
-        EXPECT_EQ(0, list.RemoveHead().Value());
-        EXPECT_EQ(99, list.RemoveTail().Value());
-        EXPECT_EQ(98, Tracked::s_nLive);
-        EXPECT_EQ(98, list.GetCount());
-    }
-    EXPECT_EQ(0, Tracked::s_nLive);
-
-    CStringList names;
-    names.AddTail("alpha");
-    names.AddTail(CString("beta"));
-    EXPECT_NE(nullptr, names.Find("beta"));
-    EXPECT_EQ(nullptr, names.Find("gamma"));
+    list.AddHead(&a);
+    EXPECT_EQ(1, list.GetHead()->m_n);
+    EXPECT_EQ(&b, list.RemoveTail());
+    CTypedPtrArray<CPtrArray, Named*> arr;
+    arr.Add(&b);
+    arr[0]->m_n = 5;
+    EXPECT_EQ(5, b.m_n);
 }
 
 // ---- maps ----
 
-TEST(ValuesCollections, StringMapLooksUpReplacesAndRemoves)
+TEST(ValuesMap, LooksUpReplacesAndRemoves)
 {
     CMapStringToPtr map;
     int v1 = 1, v2 = 2;
@@ -318,23 +260,21 @@ TEST(ValuesCollections, StringMapLooksUpReplacesAndRemoves)
     map.RemoveAll();
     EXPECT_TRUE(map.IsEmpty());
     EXPECT_EQ(NULL, map.GetStartPosition());
+
+    CMapStringToString strings;
+    strings.SetAt("k", "v");
+    CString value;
+    EXPECT_TRUE(strings.Lookup("k", value));
+    EXPECT_STREQ("v", (LPCTSTR)value);
 }
 
-TEST(ValuesCollections, MapIterationVisitsEveryKeyOnce)
+TEST(ValuesMap, IterationVisitsEveryKeyOnce)
 {
     CMapStringToPtr map;
     for (int i = 0; i < 1000; i++)
-    {
-        char sz[16];
-        snprintf(sz, sizeof sz, "k%d", i);
-        map[sz] = (void*)(INT_PTR)i;
-    }
+        map[Make<CString>(i)] = (void*)(INT_PTR)i;
     for (int i = 0; i < 1000; i += 3)
-    {
-        char sz[16];
-        snprintf(sz, sizeof sz, "k%d", i);
-        ASSERT_TRUE(map.RemoveKey(sz));
-    }
+        ASSERT_TRUE(map.RemoveKey(Make<CString>(i)));
     std::set<int> seen;
     POSITION pos = map.GetStartPosition();
     while (pos != NULL)
@@ -343,7 +283,7 @@ TEST(ValuesCollections, MapIterationVisitsEveryKeyOnce)
         void* value;
         map.GetNextAssoc(pos, key, value);
         int n = (int)(INT_PTR)value;
-        EXPECT_EQ(CString("k") + std::to_string(n).c_str(), key);
+        EXPECT_EQ(Make<CString>(n), key);
         EXPECT_NE(0, n % 3);
         EXPECT_TRUE(seen.insert(n).second) << "visited twice: " << n;
     }
@@ -351,7 +291,7 @@ TEST(ValuesCollections, MapIterationVisitsEveryKeyOnce)
     EXPECT_EQ(666, map.GetCount());
 }
 
-TEST(ValuesCollections, TemplateMapOwnsItsValues)
+TEST(ValuesMap, TemplateMapOwnsItsValues)
 {
     {
         CMap<int, int, Tracked, const Tracked&> map;
@@ -374,17 +314,6 @@ TEST(ValuesCollections, TemplateMapOwnsItsValues)
         EXPECT_EQ(49, nCount);
     }
     EXPECT_EQ(0, Tracked::s_nLive);
-
-    CMap<CString, LPCTSTR, int, int> byName;
-    byName["x"] = 1;
-    byName["x"] += 1;
-    int n = 0;
-    EXPECT_TRUE(byName.Lookup("x", n));
-    EXPECT_EQ(2, n);
-
-    CMapStringToString strings;
-    strings.SetAt("k", "v");
-    CString value;
-    EXPECT_TRUE(strings.Lookup("k", value));
-    EXPECT_STREQ("v", (LPCTSTR)value);
 }
+
+} // namespace

@@ -10,8 +10,13 @@
 // Each suite runs on a desktop of its own. Focus, activation and the
 // foreground window belong to a desktop, so suites that CTest runs side by
 // side never take the focus from each other's windows.
+//
+// A failed ASSERT in the framework or in code built on it (live in this
+// build) fails the running test at the ASSERT's file and line.
 #include <gtest/gtest.h>
 #include <windows.h>
+
+#include "afxver.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -81,12 +86,18 @@ void UseOwnDesktop()
     }
 }
 
+void AFXAPI FailTheRunningTest(LPCSTR file, int line)
+{
+    ADD_FAILURE_AT(file, line) << "ASSERT failed";
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
     UseOwnDesktop();
     testing::InitGoogleTest(&argc, argv);
+    AfxSetAssertHook(&FailTheRunningTest);
     testing::UnitTest::GetInstance()->listeners().Append(new LeftoverWindowCheck);
     return RUN_ALL_TESTS();
 }
