@@ -5,6 +5,7 @@
 #include "afxstr.h"
 #include "hytest.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -83,185 +84,100 @@ TEST(GdiHandleCount, FollowsCreationAndDeletionOfHundredBrushes)
 }
 
 /////////////////////////////////////////////////////////////////////////////
-// GdiPoint / GdiSize
+// Geometry: CPoint, CSize and CRect as one table of operations and results.
 
-TEST(GdiPoint, UnpacksSignedCoordinatesFromLParam)
+namespace {
+
+// An operation on fresh values and the rectangle it gives (points and sizes
+// are carried in left/top, right/bottom unused).
+struct GeometryRow
 {
-    CPoint pt((DWORD)MAKELPARAM(-5, -7));
-    EXPECT_EQ(-5, pt.x);
-    EXPECT_EQ(-7, pt.y);
-    CSize size((DWORD)MAKELONG(300, -1));
-    EXPECT_EQ(300, size.cx);
-    EXPECT_EQ(-1, size.cy);
+    const char* what;
+    std::function<CRect()> op;
+    CRect expected;
+};
+
+CRect P(CPoint p) { return CRect(p.x, p.y, 0, 0); }
+CRect S(CSize s) { return CRect(s.cx, s.cy, 0, 0); }
+const RECT kSides = { 1, 2, 3, 4 };
+
+const GeometryRow kGeometry[] = {
+    { "point from lParam, signed", [] { return P(CPoint((DWORD)MAKELPARAM(-5, -7))); }, CRect(-5, -7, 0, 0) },
+    { "size from DWORD, signed", [] { return S(CSize((DWORD)MAKELONG(300, -1))); }, CRect(300, -1, 0, 0) },
+    { "point - point is a size", [] { return S(CPoint(10, 20) - CPoint(3, 4)); }, CRect(7, 16, 0, 0) },
+    { "point + size", [] { return P(CPoint(10, 20) + CSize(3, 4)); }, CRect(13, 24, 0, 0) },
+    { "unary minus", [] { return P(-CPoint(10, 20)); }, CRect(-10, -20, 0, 0) },
+    { "+= size, -= point, Offset", [] { CPoint a(10, 20); a += CSize(1, 1); a -= CPoint(1, 2); a.Offset(CSize(5, 5)); return P(a); }, CRect(15, 24, 0, 0) },
+    { "size - size", [] { return S(CSize(1, 1) - CSize(3, -2)); }, CRect(-2, 3, 0, 0) },
+    { "size + point", [] { return P(CSize(1, 2) + CPoint(3, 4)); }, CRect(4, 6, 0, 0) },
+    { "from RECT", [] { RECT raw = { 10, 20, 40, 60 }; return CRect(raw); }, CRect(10, 20, 40, 60) },
+    { "from RECT*", [] { RECT raw = { 10, 20, 40, 60 }; return CRect(&raw); }, CRect(10, 20, 40, 60) },
+    { "from point and size", [] { return CRect(CPoint(10, 20), CSize(30, 40)); }, CRect(10, 20, 40, 60) },
+    { "from two points", [] { return CRect(CPoint(10, 20), CPoint(40, 60)); }, CRect(10, 20, 40, 60) },
+    { "width, height", [] { CRect r(10, 20, 40, 60); return CRect(r.Width(), r.Height(), 0, 0); }, CRect(30, 40, 0, 0) },
+    { "size, centre", [] { CRect r(10, 20, 40, 60); return CRect(r.Size().cx, r.Size().cy, r.CenterPoint().x, r.CenterPoint().y); }, CRect(30, 40, 25, 40) },
+    { "corner references write through", [] { CRect r(0, 0, 10, 10); r.TopLeft() = CPoint(2, 3); r.BottomRight().Offset(5, 5); return r; }, CRect(2, 3, 15, 15) },
+    { "normalize both axes", [] { CRect r(50, 40, 10, 5); r.NormalizeRect(); return r; }, CRect(10, 5, 50, 40) },
+    { "normalize one axis", [] { CRect r(0, 30, 20, 10); r.NormalizeRect(); return r; }, CRect(0, 10, 20, 30) },
+    { "intersection", [] { CRect i; i.IntersectRect(CRect(0, 0, 100, 50), CRect(60, 20, 200, 80)); return i; }, CRect(60, 20, 100, 50) },
+    { "&, &=", [] { CRect c(0, 0, 100, 50); c &= CRect(60, 20, 200, 80); return c & CRect(0, 0, 90, 90); }, CRect(60, 20, 90, 50) },
+    { "disjoint intersection is all zero", [] { CRect i(1, 1, 2, 2); i.IntersectRect(CRect(0, 0, 100, 50), CRect(300, 300, 400, 400)); return i; }, CRect(0, 0, 0, 0) },
+    { "union", [] { CRect u; u.UnionRect(CRect(0, 0, 10, 10), CRect(20, 5, 30, 40)); return u; }, CRect(0, 0, 30, 40) },
+    { "|, |=, empty ignored", [] { CRect c(0, 0, 10, 10); c |= CRect(500, 500, 500, 600); return c | CRect(20, 5, 30, 40); }, CRect(0, 0, 30, 40) },
+    { "subtract a full side", [] { CRect r; r.SubtractRect(CRect(0, 0, 100, 100), CRect(0, 0, 100, 30)); return r; }, CRect(0, 30, 100, 100) },
+    { "subtract a hole", [] { CRect r; r.SubtractRect(CRect(0, 0, 100, 100), CRect(10, 10, 20, 20)); return r; }, CRect(0, 0, 100, 100) },
+    { "inflate x, y", [] { CRect r(10, 10, 20, 20); r.InflateRect(2, 3); return r; }, CRect(8, 7, 22, 23) },
+    { "deflate size", [] { CRect r(10, 10, 20, 20); r.DeflateRect(CSize(1, 2)); return r; }, CRect(11, 12, 19, 18) },
+    { "inflate per side", [] { CRect r(10, 10, 20, 20); r.InflateRect(1, 2, 3, 4); return r; }, CRect(9, 8, 23, 24) },
+    { "inflate RECT*", [] { CRect r(10, 10, 20, 20); r.InflateRect(&kSides); return r; }, CRect(9, 8, 23, 24) },
+    { "deflate RECT*", [] { CRect r(10, 10, 20, 20); r.DeflateRect(&kSides); return r; }, CRect(11, 12, 17, 16) },
+    { "deflate per side", [] { CRect r(10, 10, 20, 20); r.DeflateRect(1, 2, 3, 4); return r; }, CRect(11, 12, 17, 16) },
+    { "+ RECT*, - RECT*", [] { CRect r(10, 10, 20, 20); return (r + &kSides) - &kSides; }, CRect(10, 10, 20, 20) },
+    { "+= RECT*", [] { CRect r(10, 10, 20, 20); r += &kSides; return r; }, CRect(9, 8, 23, 24) },
+    { "-= RECT*", [] { CRect r(10, 10, 20, 20); r -= &kSides; return r; }, CRect(11, 12, 17, 16) },
+    { "offset x, y", [] { CRect r(0, 0, 10, 5); r.OffsetRect(3, 4); return r; }, CRect(3, 4, 13, 9) },
+    { "offset point, size", [] { CRect r(0, 0, 10, 5); r.OffsetRect(CPoint(-3, -4)); r.OffsetRect(CSize(1, 1)); return r; }, CRect(-2, -3, 8, 2) },
+    { "+ point, - size", [] { CRect r(1, 1, 11, 6); return (r + CPoint(2, 3)) - CSize(1, 1); }, CRect(2, 3, 12, 8) },
+    { "+= size, -= point", [] { CRect r(1, 1, 11, 6); r += CSize(1, 0); r -= CPoint(0, 1); return r; }, CRect(2, 0, 12, 5) },
+};
+
+}  // namespace
+
+TEST(GdiGeometry, OperationsGiveTheirRectangles)
+{
+    for (const GeometryRow& row : kGeometry)
+        EXPECT_EQ(row.expected, row.op()) << row.what;
 }
 
-TEST(GdiPoint, ArithmeticWithPointsAndSizes)
-{
-    CPoint a(10, 20), b(3, 4);
-    CSize d = a - b;  // a distance
-    EXPECT_EQ(CSize(7, 16), d);
-    EXPECT_EQ(CPoint(13, 24), a + CSize(3, 4));
-    EXPECT_EQ(CPoint(-10, -20), -a);
-    a += CSize(1, 1);
-    a -= CPoint(1, 2);
-    EXPECT_EQ(CPoint(10, 19), a);
-    a.Offset(CSize(5, 5));
-    EXPECT_TRUE(a == CPoint(15, 24));
-    EXPECT_TRUE(a != CPoint(15, 25));
-    EXPECT_EQ(CSize(-2, 3), CSize(1, 1) - CSize(3, -2));
-    EXPECT_EQ(CPoint(4, 6), CSize(1, 2) + CPoint(3, 4));
-}
-
-/////////////////////////////////////////////////////////////////////////////
-// GdiRect
-
-TEST(GdiRect, ConstructorsAgreeOnTheSameRectangle)
-{
-    const CRect expected(10, 20, 40, 60);
-    RECT raw = { 10, 20, 40, 60 };
-    EXPECT_EQ(expected, CRect(raw));
-    EXPECT_EQ(expected, CRect(&raw));
-    EXPECT_EQ(expected, CRect(CPoint(10, 20), CSize(30, 40)));
-    EXPECT_EQ(expected, CRect(CPoint(10, 20), CPoint(40, 60)));
-    EXPECT_EQ(30, expected.Width());
-    EXPECT_EQ(40, expected.Height());
-    EXPECT_EQ(CSize(30, 40), expected.Size());
-    EXPECT_EQ(CPoint(25, 40), expected.CenterPoint());
-}
-
-TEST(GdiRect, CornerReferencesWriteThroughToTheRectangle)
+TEST(GdiGeometry, PredicatesAndCornerReferences)
 {
     CRect r(0, 0, 10, 10);
-    r.TopLeft() = CPoint(2, 3);
-    r.BottomRight().Offset(5, 5);
-    EXPECT_EQ(CRect(2, 3, 15, 15), r);
     const CRect& cr = r;
     EXPECT_EQ(&cr.TopLeft().x, &r.left);
     EXPECT_EQ(&cr.BottomRight().y, &r.bottom);
-}
-
-TEST(GdiRect, NormalizeSwapsReversedEdges)
-{
-    CRect r(50, 40, 10, 5);
-    EXPECT_TRUE(r.IsRectEmpty());
-    r.NormalizeRect();
-    EXPECT_EQ(CRect(10, 5, 50, 40), r);
-    EXPECT_FALSE(r.IsRectEmpty());
-    CRect half(0, 30, 20, 10);
-    half.NormalizeRect();
-    EXPECT_EQ(CRect(0, 10, 20, 30), half);
-}
-
-TEST(GdiRect, EmptyAndNullAreDifferentThings)
-{
+    // Empty and null are different things.
+    EXPECT_TRUE(CRect(50, 40, 10, 5).IsRectEmpty());
     EXPECT_TRUE(CRect(5, 5, 5, 20).IsRectEmpty());
     EXPECT_FALSE(CRect(5, 5, 5, 20).IsRectNull());
-    EXPECT_TRUE(CRect(0, 0, 0, 0).IsRectNull());
     EXPECT_TRUE(CRect().IsRectNull());
-    CRect r(1, 2, 3, 4);
+    EXPECT_TRUE((CRect(0, 0, 100, 50) & CRect(100, 0, 150, 50)).IsRectEmpty());   // a shared edge only
     r.SetRectEmpty();
     EXPECT_TRUE(r.IsRectNull());
-}
-
-TEST(GdiRect, PtInRectExcludesRightAndBottomEdges)
-{
-    CRect r(10, 10, 20, 20);
-    EXPECT_TRUE(r.PtInRect(CPoint(10, 10)));
-    EXPECT_TRUE(r.PtInRect(CPoint(19, 19)));
-    EXPECT_FALSE(r.PtInRect(CPoint(20, 15)));
-    EXPECT_FALSE(r.PtInRect(CPoint(15, 20)));
-    EXPECT_FALSE(r.PtInRect(CPoint(9, 15)));
-}
-
-TEST(GdiRect, IntersectionOfOverlappingAndDisjointRectangles)
-{
-    CRect a(0, 0, 100, 50), b(60, 20, 200, 80);
-    CRect i;
-    EXPECT_TRUE(i.IntersectRect(a, b));
-    EXPECT_EQ(CRect(60, 20, 100, 50), i);
-    EXPECT_EQ(i, a & b);
-
-    CRect disjoint(1, 1, 2, 2);
-    EXPECT_FALSE(disjoint.IntersectRect(a, CRect(300, 300, 400, 400)));
-    EXPECT_TRUE(disjoint.IsRectNull());  // an empty result is all zero
-
-    CRect touching = a & CRect(100, 0, 150, 50);  // shares only the edge
-    EXPECT_TRUE(touching.IsRectEmpty());
-
-    CRect c = a;
-    c &= b;
-    EXPECT_EQ(i, c);
-}
-
-TEST(GdiRect, UnionIgnoresEmptyRectangles)
-{
-    CRect a(0, 0, 10, 10), b(20, 5, 30, 40);
-    CRect u;
-    EXPECT_TRUE(u.UnionRect(a, b));
-    EXPECT_EQ(CRect(0, 0, 30, 40), u);
-    EXPECT_EQ(u, a | b);
-    // An empty rectangle far away does not stretch the union.
-    EXPECT_EQ(a, a | CRect(500, 500, 500, 600));
-    CRect c = a;
-    c |= b;
-    EXPECT_EQ(u, c);
-}
-
-TEST(GdiRect, SubtractRemovesOnlyAFullSide)
-{
-    CRect r;
-    EXPECT_TRUE(r.SubtractRect(CRect(0, 0, 100, 100), CRect(0, 0, 100, 30)));
-    EXPECT_EQ(CRect(0, 30, 100, 100), r);
-    // A hole in the middle leaves the source rectangle unchanged.
-    r.SubtractRect(CRect(0, 0, 100, 100), CRect(10, 10, 20, 20));
-    EXPECT_EQ(CRect(0, 0, 100, 100), r);
-}
-
-TEST(GdiRect, InflateAndDeflateOverloads)
-{
-    CRect r(10, 10, 20, 20);
-    r.InflateRect(2, 3);
-    EXPECT_EQ(CRect(8, 7, 22, 23), r);
-    r.DeflateRect(2, 3);
-    EXPECT_EQ(CRect(10, 10, 20, 20), r);
-    r.InflateRect(CSize(1, 1));
-    EXPECT_EQ(CRect(9, 9, 21, 21), r);
-    r.DeflateRect(CSize(1, 1));
-    // Per-side amounts: each side moves outwards by its own value.
-    r.InflateRect(1, 2, 3, 4);
-    EXPECT_EQ(CRect(9, 8, 23, 24), r);
-    r.DeflateRect(1, 2, 3, 4);
-    EXPECT_EQ(CRect(10, 10, 20, 20), r);
-    RECT sides = { 1, 2, 3, 4 };
-    r.InflateRect(&sides);
-    EXPECT_EQ(CRect(9, 8, 23, 24), r);
-    r.DeflateRect(&sides);
-    EXPECT_EQ(CRect(10, 10, 20, 20), r);
-    // The operators with a RECT pointer are the same per-side operations.
-    EXPECT_EQ(CRect(9, 8, 23, 24), r + &sides);
-    EXPECT_EQ(CRect(11, 12, 17, 16), r - &sides);
-    r += &sides;
-    r -= &sides;
-    EXPECT_EQ(CRect(10, 10, 20, 20), r);
-}
-
-TEST(GdiRect, OffsetByPointSizeAndOperators)
-{
-    CRect r(0, 0, 10, 5);
-    r.OffsetRect(3, 4);
-    EXPECT_EQ(CRect(3, 4, 13, 9), r);
-    r.OffsetRect(CPoint(-3, -4));
-    r.OffsetRect(CSize(1, 1));
-    EXPECT_EQ(CRect(1, 1, 11, 6), r);
-    EXPECT_EQ(CRect(3, 4, 13, 9), r + CPoint(2, 3));
-    EXPECT_EQ(CRect(0, 0, 10, 5), r - CSize(1, 1));
-    r += CSize(1, 0);
-    r -= CPoint(0, 1);
-    EXPECT_EQ(CRect(2, 0, 12, 5), r);
-    EXPECT_TRUE(r != CRect(2, 0, 12, 6));
+    // PtInRect leaves out the right and bottom edges.
+    const CRect box(10, 10, 20, 20);
+    EXPECT_TRUE(box.PtInRect(CPoint(10, 10)) && box.PtInRect(CPoint(19, 19)));
+    EXPECT_FALSE(box.PtInRect(CPoint(20, 15)) || box.PtInRect(CPoint(15, 20)) || box.PtInRect(CPoint(9, 15)));
+    // Equality in every form.
+    EXPECT_TRUE(CPoint(15, 24) == CPoint(15, 24) && CPoint(15, 24) != CPoint(15, 25));
+    EXPECT_TRUE(box != CRect(10, 10, 20, 21) && box.EqualRect(CRect(10, 10, 20, 20)));
     CRect copy;
-    copy = static_cast<const RECT&>(r);
-    EXPECT_TRUE(copy.EqualRect(r));
+    copy = static_cast<const RECT&>(box);
+    EXPECT_TRUE(copy.EqualRect(box));
+    CRect i(1, 1, 2, 2), u;
+    EXPECT_TRUE(i.IntersectRect(box, CRect(15, 15, 30, 30)));
+    EXPECT_FALSE(i.IntersectRect(box, CRect(30, 30, 40, 40)));
+    EXPECT_TRUE(u.UnionRect(box, CRect(30, 30, 40, 40)));
+    EXPECT_TRUE(u.SubtractRect(CRect(0, 0, 100, 100), CRect(0, 0, 100, 30)));
 }
 
 /////////////////////////////////////////////////////////////////////////////
