@@ -348,10 +348,7 @@ namespace {
 // This thread's menus (afxhandlemap.h has the thread policy).
 CHandleMap<HMENU, CMenu>& MenuMap()
 {
-    return AfxHandleMapOf<HMENU, CMenu>([](CMenu* pMenu) {
-        pMenu->m_hMenu = nullptr;   // a temporary wrapper never destroys the menu
-        delete pMenu;
-    });
+    return AfxWrapperMapOf<HMENU, CMenu, &CMenu::m_hMenu>();
 }
 
 }  // namespace

@@ -10,10 +10,7 @@ namespace {
 
 CHandleMap<HGDIOBJ, CGdiObject>& GdiMap()
 {
-    return AfxHandleMapOf<HGDIOBJ, CGdiObject>([](CGdiObject* pObject) {
-        pObject->m_hObject = NULL;  // a temporary wrapper never owns its handle
-        delete pObject;
-    });
+    return AfxWrapperMapOf<HGDIOBJ, CGdiObject, &CGdiObject::m_hObject>();
 }
 
 CHandleMap<HDC, CDC>& DCMap()

@@ -139,3 +139,15 @@ CHandleMap<THandle, TObject>& AfxHandleMapOf(typename CHandleMap<THandle, TObjec
     static auto* p = new CHandleMap<THandle, TObject>(pfnFree);
     return *p;
 }
+
+// The map of a wrapper whose handle is the member `handle`: a temporary
+// wrapper lets go of its handle before it is deleted, so it never destroys
+// the object it stood for.
+template <class THandle, class TObject, THandle TObject::*handle>
+CHandleMap<THandle, TObject>& AfxWrapperMapOf()
+{
+    return AfxHandleMapOf<THandle, TObject>([](TObject* p) {
+        p->*handle = nullptr;
+        delete p;
+    });
+}

@@ -73,10 +73,7 @@ namespace {
 // This thread's windows (afxhandlemap.h has the thread policy).
 CHandleMap<HWND, CWnd>& WndMap()
 {
-    return AfxHandleMapOf<HWND, CWnd>([](CWnd* pWnd) {
-        pWnd->m_hWnd = nullptr;   // a temporary wrapper never destroys its window
-        delete pWnd;
-    });
+    return AfxWrapperMapOf<HWND, CWnd, &CWnd::m_hWnd>();
 }
 
 }  // namespace
