@@ -1,9 +1,11 @@
-// Standard control wrappers and menus: real controls in a real parent
-// window, owner-draw reflection through the framework's dispatch, menus
-// built and read back, popup menus captured at the import boundary.
+// Control wrappers on real controls in a real parent. Most wrappers send one
+// message: one table checks each sends the right message with the right
+// parameters and hands back the control's answer. The rest tests what the
+// wrappers add: string and output adapters, owner-draw reflection, tool
+// identities.
 #include <gtest/gtest.h>
 
-#include "afxwin.h"
+#include "afxcmn.h"
 #include "hytest.h"
 #include "afx_test_helpers.h"
 
@@ -11,60 +13,519 @@
 
 namespace {
 
-// A framework parent that counts what reaches its own owner-draw handlers
-// and the commands it receives.
+BOOL CreateParent(CWnd& parent, bool visible = false)
+{
+    return parent.CreateEx(0, AfxRegisterWndClass(0), _T("controls"),
+                           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | (visible ? WS_VISIBLE : 0),
+                           0, 0, 400, 300, nullptr, nullptr);
+}
+
+const CRect kCtrlRect(10, 10, 210, 160);
+
+// One real control of every wrapped class.
+struct Controls
+{
+    CWnd parent;
+    CListBox list;
+    CComboBox combo;
+    CStatic picture;
+    CButton button;
+    CEdit edit;
+    CSpinButtonCtrl spin;
+    CRichEditCtrl rich;
+    CToolTipCtrl tip;
+
+    bool Create()
+    {
+        return CreateParent(parent) && list.Create(WS_CHILD, kCtrlRect, &parent, 201) &&
+               combo.Create(WS_CHILD | CBS_DROPDOWN, kCtrlRect, &parent, 202) &&
+               picture.Create(nullptr, WS_CHILD | SS_BITMAP, kCtrlRect, &parent, 203) &&
+               button.Create(_T("b"), WS_CHILD, kCtrlRect, &parent, 204) &&
+               edit.Create(WS_CHILD | ES_MULTILINE, kCtrlRect, &parent, 205) &&
+               spin.Create(WS_CHILD, kCtrlRect, &parent, 206) &&
+               rich.Create(WS_CHILD | ES_MULTILINE, kCtrlRect, &parent, 207) && tip.Create(&parent);
+    }
+    ~Controls()
+    {
+        tip.DestroyWindow();
+        parent.DestroyWindow();
+    }
+};
+
+// What the spy answers instead of the control; buffers whose addresses the
+// wrappers must pass through.
+const LRESULT kAnswer = 0x2A;
+const LPCTSTR kText = _T("text");
+const HBITMAP kBitmap = (HBITMAP)0x1234;   // never used: the spy answers
+const HICON kIcon = (HICON)0x2345;
+const HENHMETAFILE kMeta = (HENHMETAFILE)0x3456;
+const HDC kDC = (HDC)0x4567;
+TCHAR g_text[32];
+RECT g_rect;
+int g_ints[4];
+BOOL g_flag;
+UDACCEL g_accel[2];
+CHARRANGE g_range;
+CHARFORMAT g_cf;
+PARAFORMAT g_pf;
+EDITSTREAM g_stream;
+MSG g_msg;
+TOOLINFO g_tool;
+
+struct Forward
+{
+    const char* call;
+    CWnd& (*target)(Controls&);
+    UINT msg;
+    WPARAM wParam;
+    LPARAM lParam;
+    LRESULT (*invoke)(Controls&);
+    bool answers;   // the wrapper returns the control's answer unchanged
+};
+
+#define FWD(ctl, msg, wp, lp, expr)                                               \
+    { #ctl "." #expr, [](Controls& c) -> CWnd& { return c.ctl; }, msg, (WPARAM)(wp), \
+      (LPARAM)(lp), [](Controls& c) { return (LRESULT)(c.ctl.expr); }, true }
+#define FWD_VOID(ctl, msg, wp, lp, expr)                                              \
+    { #ctl "." #expr, [](Controls& c) -> CWnd& { return c.ctl; }, msg, (WPARAM)(wp), \
+      (LPARAM)(lp), [](Controls& c) { c.ctl.expr; return LRESULT(0); }, false }
+
+const std::vector<Forward>& ListAndComboRows()
+{
+    static const std::vector<Forward> rows = {
+        FWD(list, LB_ADDSTRING, 0, kText, AddString(kText)),
+        FWD(list, LB_INSERTSTRING, 2, kText, InsertString(2, kText)),
+        FWD(list, LB_DELETESTRING, 3, 0, DeleteString(3)),
+        FWD_VOID(list, LB_RESETCONTENT, 0, 0, ResetContent()),
+        FWD(list, LB_GETCOUNT, 0, 0, GetCount()),
+        FWD(list, LB_GETTEXT, 4, g_text, GetText(4, g_text)),
+        FWD(list, LB_GETTEXTLEN, 5, 0, GetTextLen(5)),
+        FWD(list, LB_GETITEMDATA, 6, 0, GetItemData(6)),
+        FWD(list, LB_SETITEMDATA, 7, 0x77, SetItemData(7, 0x77)),
+        FWD(list, LB_GETITEMDATA, 8, 0, GetItemDataPtr(8)),
+        FWD(list, LB_SETITEMDATA, 9, g_text, SetItemDataPtr(9, g_text)),
+        FWD(list, LB_FINDSTRING, -1, kText, FindString(-1, kText)),
+        FWD(list, LB_FINDSTRINGEXACT, 2, kText, FindStringExact(2, kText)),
+        FWD(list, LB_SELECTSTRING, 3, kText, SelectString(3, kText)),
+        FWD(list, LB_GETCURSEL, 0, 0, GetCurSel()),
+        FWD(list, LB_SETCURSEL, 4, 0, SetCurSel(4)),
+        FWD(list, LB_GETSEL, 5, 0, GetSel(5)),
+        FWD(list, LB_SETSEL, TRUE, 6, SetSel(6)),   // the flag first, the index second
+        FWD(list, LB_SETSEL, FALSE, -1, SetSel(-1, FALSE)),
+        FWD(list, LB_GETSELCOUNT, 0, 0, GetSelCount()),
+        FWD(list, LB_GETSELITEMS, 4, g_ints, GetSelItems(4, g_ints)),
+        FWD(list, LB_SELITEMRANGEEX, 2, 5, SelItemRange(TRUE, 2, 5)),
+        FWD(list, LB_SELITEMRANGEEX, 5, 2, SelItemRange(FALSE, 2, 5)),   // a reversed range deselects
+        FWD(list, LB_GETCARETINDEX, 0, 0, GetCaretIndex()),
+        FWD(list, LB_SETCARETINDEX, 3, 0, SetCaretIndex(3, TRUE)),
+        FWD(list, LB_SETCARETINDEX, 3, 1, SetCaretIndex(3, FALSE)),
+        FWD_VOID(list, LB_SETANCHORINDEX, 2, 0, SetAnchorIndex(2)),
+        FWD(list, LB_GETANCHORINDEX, 0, 0, GetAnchorIndex()),
+        FWD(list, LB_GETTOPINDEX, 0, 0, GetTopIndex()),
+        FWD(list, LB_SETTOPINDEX, 10, 0, SetTopIndex(10)),
+        FWD(list, LB_GETITEMRECT, 2, &g_rect, GetItemRect(2, &g_rect)),
+        FWD(list, LB_GETITEMHEIGHT, 1, 0, GetItemHeight(1)),
+        FWD(list, LB_SETITEMHEIGHT, 1, 20, SetItemHeight(1, 20)),
+        FWD(list, LB_ITEMFROMPOINT, 0, MAKELPARAM(5, 45), ItemFromPoint(CPoint(5, 45), g_flag)),
+        FWD(list, LB_GETHORIZONTALEXTENT, 0, 0, GetHorizontalExtent()),
+        FWD_VOID(list, LB_SETHORIZONTALEXTENT, 300, 0, SetHorizontalExtent(300)),
+        FWD_VOID(list, LB_SETCOLUMNWIDTH, 50, 0, SetColumnWidth(50)),
+        FWD(list, LB_SETTABSTOPS, 2, g_ints, SetTabStops(2, g_ints)),
+
+        FWD(combo, CB_ADDSTRING, 0, kText, AddString(kText)),
+        FWD(combo, CB_INSERTSTRING, 1, kText, InsertString(1, kText)),
+        FWD(combo, CB_DELETESTRING, 2, 0, DeleteString(2)),
+        FWD_VOID(combo, CB_RESETCONTENT, 0, 0, ResetContent()),
+        FWD(combo, CB_GETCOUNT, 0, 0, GetCount()),
+        FWD(combo, CB_GETLBTEXT, 3, g_text, GetLBText(3, g_text)),
+        FWD(combo, CB_GETLBTEXTLEN, 4, 0, GetLBTextLen(4)),
+        FWD(combo, CB_GETITEMDATA, 5, 0, GetItemData(5)),
+        FWD(combo, CB_SETITEMDATA, 6, 0x66, SetItemData(6, 0x66)),
+        FWD(combo, CB_GETITEMDATA, 7, 0, GetItemDataPtr(7)),
+        FWD(combo, CB_SETITEMDATA, 8, g_text, SetItemDataPtr(8, g_text)),
+        FWD(combo, CB_FINDSTRING, -1, kText, FindString(-1, kText)),
+        FWD(combo, CB_FINDSTRINGEXACT, 1, kText, FindStringExact(1, kText)),
+        FWD(combo, CB_SELECTSTRING, 2, kText, SelectString(2, kText)),
+        FWD(combo, CB_GETCURSEL, 0, 0, GetCurSel()),
+        FWD(combo, CB_SETCURSEL, 3, 0, SetCurSel(3)),
+        FWD(combo, CB_GETTOPINDEX, 0, 0, GetTopIndex()),
+        FWD(combo, CB_SETTOPINDEX, 4, 0, SetTopIndex(4)),
+        FWD_VOID(combo, CB_SHOWDROPDOWN, TRUE, 0, ShowDropDown()),
+        FWD(combo, CB_GETDROPPEDSTATE, 0, 0, GetDroppedState()),
+        FWD_VOID(combo, CB_GETDROPPEDCONTROLRECT, 0, &g_rect, GetDroppedControlRect(&g_rect)),
+        FWD(combo, CB_GETDROPPEDWIDTH, 0, 0, GetDroppedWidth()),
+        FWD(combo, CB_SETDROPPEDWIDTH, 150, 0, SetDroppedWidth(150)),
+        FWD(combo, CB_SETEXTENDEDUI, TRUE, 0, SetExtendedUI()),
+        FWD(combo, CB_GETEXTENDEDUI, 0, 0, GetExtendedUI()),
+        FWD(combo, CB_SETITEMHEIGHT, 1, 30, SetItemHeight(1, 30)),
+        FWD(combo, CB_GETITEMHEIGHT, 1, 0, GetItemHeight(1)),
+        FWD(combo, CB_LIMITTEXT, 4, 0, LimitText(4)),
+        FWD(combo, CB_GETEDITSEL, 0, 0, GetEditSel()),
+        FWD(combo, CB_SETEDITSEL, 0, MAKELONG(2, 5), SetEditSel(2, 5)),
+        FWD_VOID(combo, WM_CLEAR, 0, 0, Clear()),
+        FWD_VOID(combo, WM_COPY, 0, 0, Copy()),
+        FWD_VOID(combo, WM_CUT, 0, 0, Cut()),
+        FWD_VOID(combo, WM_PASTE, 0, 0, Paste()),
+    };
+    return rows;
+}
+
+const std::vector<Forward>& ButtonAndEditRows()
+{
+    static const std::vector<Forward> rows = {
+        FWD(picture, STM_SETIMAGE, IMAGE_BITMAP, kBitmap, SetBitmap(kBitmap)),
+        FWD(picture, STM_GETIMAGE, IMAGE_BITMAP, 0, GetBitmap()),
+        FWD(picture, STM_SETICON, kIcon, 0, SetIcon(kIcon)),
+        FWD(picture, STM_GETICON, 0, 0, GetIcon()),
+        FWD(picture, STM_SETIMAGE, IMAGE_CURSOR, kIcon, SetCursor(kIcon)),
+        FWD(picture, STM_GETIMAGE, IMAGE_CURSOR, 0, GetCursor()),
+        FWD(picture, STM_SETIMAGE, IMAGE_ENHMETAFILE, kMeta, SetEnhMetaFile(kMeta)),
+        FWD(picture, STM_GETIMAGE, IMAGE_ENHMETAFILE, 0, GetEnhMetaFile()),
+
+        FWD(button, BM_GETSTATE, 0, 0, GetState()),
+        FWD_VOID(button, BM_SETSTATE, TRUE, 0, SetState(TRUE)),
+        FWD(button, BM_GETCHECK, 0, 0, GetCheck()),
+        FWD_VOID(button, BM_SETCHECK, BST_INDETERMINATE, 0, SetCheck(BST_INDETERMINATE)),
+        FWD_VOID(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, FALSE, SetButtonStyle(BS_DEFPUSHBUTTON, FALSE)),
+        FWD(button, BM_SETIMAGE, IMAGE_BITMAP, kBitmap, SetBitmap(kBitmap)),
+        FWD(button, BM_GETIMAGE, IMAGE_BITMAP, 0, GetBitmap()),
+        FWD(button, BM_SETIMAGE, IMAGE_ICON, kIcon, SetIcon(kIcon)),
+        FWD(button, BM_GETIMAGE, IMAGE_ICON, 0, GetIcon()),
+        FWD(button, BM_SETIMAGE, IMAGE_CURSOR, kIcon, SetCursor(kIcon)),
+        FWD(button, BM_GETIMAGE, IMAGE_CURSOR, 0, GetCursor()),
+
+        FWD_VOID(edit, EM_LIMITTEXT, 5, 0, LimitText(5)),
+        FWD_VOID(edit, EM_SETLIMITTEXT, 8, 0, SetLimitText(8)),
+        FWD(edit, EM_GETLIMITTEXT, 0, 0, GetLimitText()),
+        FWD(edit, EM_GETSEL, 0, 0, GetSel()),
+        FWD_VOID(edit, EM_SETSEL, 6, 11, SetSel(6, 11, TRUE)),
+        FWD_VOID(edit, EM_SCROLLCARET, 0, 0, SetSel(6, 11)),
+        FWD_VOID(edit, EM_SETSEL, 1, 3, SetSel(MAKELONG(1, 3))),   // the start in the low word
+        FWD_VOID(edit, EM_REPLACESEL, TRUE, kText, ReplaceSel(kText, TRUE)),
+        FWD_VOID(edit, WM_CLEAR, 0, 0, Clear()),
+        FWD_VOID(edit, WM_COPY, 0, 0, Copy()),
+        FWD_VOID(edit, WM_CUT, 0, 0, Cut()),
+        FWD_VOID(edit, WM_PASTE, 0, 0, Paste()),
+        FWD(edit, EM_UNDO, 0, 0, Undo()),
+        FWD(edit, EM_CANUNDO, 0, 0, CanUndo()),
+        FWD_VOID(edit, EM_EMPTYUNDOBUFFER, 0, 0, EmptyUndoBuffer()),
+        FWD(edit, EM_GETMODIFY, 0, 0, GetModify()),
+        FWD_VOID(edit, EM_SETMODIFY, FALSE, 0, SetModify(FALSE)),
+        FWD(edit, EM_GETLINECOUNT, 0, 0, GetLineCount()),
+        FWD(edit, EM_GETLINE, 2, g_text, GetLine(2, g_text)),
+        FWD(edit, EM_LINEINDEX, 1, 0, LineIndex(1)),
+        FWD(edit, EM_LINELENGTH, 10, 0, LineLength(10)),
+        FWD(edit, EM_LINEFROMCHAR, 12, 0, LineFromChar(12)),
+        FWD(edit, EM_GETFIRSTVISIBLELINE, 0, 0, GetFirstVisibleLine()),
+        FWD_VOID(edit, EM_LINESCROLL, 4, 2, LineScroll(2, 4)),   // characters first, lines second
+        FWD(edit, EM_SETREADONLY, TRUE, 0, SetReadOnly()),
+        FWD_VOID(edit, EM_SETPASSWORDCHAR, 0xE9, 0, SetPasswordChar((TCHAR)0xE9)),   // no sign extension
+        FWD(edit, EM_GETPASSWORDCHAR, 0, 0, GetPasswordChar()),
+        FWD_VOID(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELONG(3, 7), SetMargins(3, 7)),
+        FWD(edit, EM_GETMARGINS, 0, 0, GetMargins()),
+        FWD_VOID(edit, EM_GETRECT, 0, &g_rect, GetRect(&g_rect)),
+        FWD_VOID(edit, EM_SETRECT, 0, &g_rect, SetRect(&g_rect)),
+        FWD(edit, EM_SETTABSTOPS, 2, g_ints, SetTabStops(2, g_ints)),
+        FWD(edit, EM_CHARFROMPOS, 0, MAKELPARAM(5, 9), CharFromPos(CPoint(5, 9))),
+        FWD_VOID(edit, EM_POSFROMCHAR, 6, 0, PosFromChar(6)),
+    };
+    return rows;
+}
+
+const std::vector<Forward>& CommonControlRows()
+{
+    static const std::vector<Forward> rows = {
+        FWD(spin, UDM_SETACCEL, 2, g_accel, SetAccel(2, g_accel)),
+        FWD(spin, UDM_GETACCEL, 2, g_accel, GetAccel(2, g_accel)),
+        FWD(spin, UDM_SETBASE, 16, 0, SetBase(16)),
+        FWD(spin, UDM_GETBASE, 0, 0, GetBase()),
+        FWD(spin, UDM_SETPOS, 0, MAKELPARAM(-3, 0), SetPos(-3)),
+        FWD(spin, UDM_GETPOS, 0, 0, GetPos()),
+        FWD(spin, UDM_SETPOS32, 0, -70000, SetPos32(-70000)),
+        FWD(spin, UDM_GETPOS32, 0, &g_flag, GetPos32(&g_flag)),
+        FWD_VOID(spin, UDM_SETRANGE, 0, MAKELPARAM(20, -5), SetRange(-5, 20)),   // the upper limit low
+        FWD_VOID(spin, UDM_SETRANGE32, -100000, 100000, SetRange32(-100000, 100000)),
+        FWD(spin, UDM_GETRANGE, 0, 0, GetRange()),
+        FWD_VOID(spin, UDM_GETRANGE32, &g_ints[0], &g_ints[1], GetRange32(g_ints[0], g_ints[1])),
+
+        FWD_VOID(rich, EM_EXGETSEL, 0, &g_range, GetSel(g_range)),
+        FWD_VOID(rich, EM_EXSETSEL, 0, &g_range, SetSel(g_range)),
+        FWD_VOID(rich, EM_REPLACESEL, FALSE, kText, ReplaceSel(kText)),
+        FWD(rich, EM_GETSELTEXT, 0, g_text, GetSelText(g_text)),
+        FWD_VOID(rich, EM_HIDESELECTION, TRUE, FALSE, HideSelection(TRUE, FALSE)),
+        FWD(rich, EM_SELECTIONTYPE, 0, 0, GetSelectionType()),
+        FWD(rich, WM_GETTEXTLENGTH, 0, 0, GetTextLength()),
+        FWD(rich, EM_GETLINECOUNT, 0, 0, GetLineCount()),
+        FWD(rich, EM_EXLINEFROMCHAR, 0, 14, LineFromChar(14)),
+        FWD(rich, EM_LINEINDEX, 2, 0, LineIndex(2)),
+        FWD(rich, EM_LINELENGTH, 3, 0, LineLength(3)),
+        FWD_VOID(rich, EM_EXLIMITTEXT, 0, 6, LimitText(6)),
+        FWD(rich, EM_GETLIMITTEXT, 0, 0, GetLimitText()),
+        FWD(rich, EM_GETMODIFY, 0, 0, GetModify()),
+        FWD_VOID(rich, EM_SETMODIFY, TRUE, 0, SetModify()),
+        FWD(rich, EM_SETREADONLY, TRUE, 0, SetReadOnly()),
+        FWD(rich, EM_SETEVENTMASK, 0, ENM_CHANGE, SetEventMask(ENM_CHANGE)),
+        FWD(rich, EM_GETEVENTMASK, 0, 0, GetEventMask()),
+        FWD(rich, EM_SETBKGNDCOLOR, FALSE, RGB(1, 2, 3), SetBackgroundColor(FALSE, RGB(1, 2, 3))),
+        FWD(rich, EM_SETCHARFORMAT, SCF_DEFAULT, &g_cf, SetDefaultCharFormat(g_cf)),
+        FWD(rich, EM_GETCHARFORMAT, SCF_DEFAULT, &g_cf, GetDefaultCharFormat(g_cf)),
+        FWD(rich, EM_SETCHARFORMAT, SCF_SELECTION, &g_cf, SetSelectionCharFormat(g_cf)),
+        FWD(rich, EM_GETCHARFORMAT, SCF_SELECTION, &g_cf, GetSelectionCharFormat(g_cf)),
+        FWD(rich, EM_SETCHARFORMAT, SCF_SELECTION | SCF_WORD, &g_cf, SetWordCharFormat(g_cf)),
+        FWD(rich, EM_SETPARAFORMAT, 0, &g_pf, SetParaFormat(g_pf)),
+        FWD(rich, EM_GETPARAFORMAT, 0, &g_pf, GetParaFormat(g_pf)),
+        FWD_VOID(rich, EM_SETOPTIONS, ECOOP_AND, (DWORD)~ECO_READONLY, SetOptions(ECOOP_AND, (DWORD)~ECO_READONLY)),
+        FWD(rich, EM_GETOPTIONS, 0, 0, GetOptions()),
+        FWD_VOID(rich, EM_SETTARGETDEVICE, kDC, 500, SetTargetDevice(kDC, 500)),
+        FWD(rich, EM_STREAMIN, SF_TEXT, &g_stream, StreamIn(SF_TEXT, g_stream)),
+        FWD(rich, EM_STREAMOUT, SF_RTF, &g_stream, StreamOut(SF_RTF, g_stream)),
+        FWD(rich, EM_CANUNDO, 0, 0, CanUndo()),
+        FWD(rich, EM_UNDO, 0, 0, Undo()),
+        FWD_VOID(rich, EM_EMPTYUNDOBUFFER, 0, 0, EmptyUndoBuffer()),
+        FWD(rich, EM_CANPASTE, CF_TEXT, 0, CanPaste(CF_TEXT)),
+        FWD_VOID(rich, WM_PASTE, 0, 0, Paste()),
+        FWD_VOID(rich, WM_COPY, 0, 0, Copy()),
+        FWD_VOID(rich, WM_CUT, 0, 0, Cut()),
+        FWD_VOID(rich, WM_CLEAR, 0, 0, Clear()),
+
+        FWD(tip, TTM_GETTOOLCOUNT, 0, 0, GetToolCount()),
+        FWD_VOID(tip, TTM_SETTOOLINFO, 0, &g_tool, SetToolInfo(&g_tool)),
+        FWD_VOID(tip, TTM_ACTIVATE, FALSE, 0, Activate(FALSE)),
+        FWD_VOID(tip, TTM_RELAYEVENT, 0, &g_msg, RelayEvent(&g_msg)),
+        FWD_VOID(tip, TTM_SETDELAYTIME, TTDT_AUTOMATIC, 400, SetDelayTime(400)),
+        FWD_VOID(tip, TTM_SETDELAYTIME, TTDT_INITIAL, 250, SetDelayTime(TTDT_INITIAL, 250)),
+        FWD(tip, TTM_GETDELAYTIME, TTDT_AUTOPOP, 0, GetDelayTime(TTDT_AUTOPOP)),
+        FWD(tip, TTM_SETMAXTIPWIDTH, 0, 150, SetMaxTipWidth(150)),
+        FWD(tip, TTM_GETMAXTIPWIDTH, 0, 0, GetMaxTipWidth()),
+        FWD_VOID(tip, TTM_SETTIPBKCOLOR, RGB(4, 5, 6), 0, SetTipBkColor(RGB(4, 5, 6))),
+        FWD_VOID(tip, TTM_SETTIPTEXTCOLOR, RGB(7, 8, 9), 0, SetTipTextColor(RGB(7, 8, 9))),
+        FWD_VOID(tip, TTM_POP, 0, 0, Pop()),
+        FWD_VOID(tip, TTM_UPDATE, 0, 0, Update()),
+    };
+    return rows;
+}
+
+#undef FWD
+#undef FWD_VOID
+
+void CheckRow(Controls& c, const Forward& row)
+{
+    SCOPED_TRACE(row.call);
+    hytest::WindowSpy spy(row.target(c).m_hWnd);
+    spy.RecordOnly({ row.msg });
+    spy.OnMessage(row.msg, [](HWND, WPARAM, LPARAM) { return kAnswer; });
+    LRESULT got = row.invoke(c);
+    ASSERT_EQ(1u, spy.Count(row.msg)) << hytest::MessageName(row.msg);
+    EXPECT_EQ(row.wParam, spy.Last(row.msg)->wParam);
+    EXPECT_EQ(row.lParam, spy.Last(row.msg)->lParam);
+    if (row.answers) {
+        EXPECT_EQ(kAnswer, got);
+    }
+}
+
+TEST(ControlWrappers, EachSendsItsMessageAndAnswersTheReply)
+{
+    RunRepeated([] {
+        Controls c;
+        ASSERT_TRUE(c.Create());
+        g_tool.cbSize = sizeof(g_tool);   // a size of 0 would be filled in
+        for (const auto* rows : { &ListAndComboRows(), &ButtonAndEditRows(), &CommonControlRows() })
+            for (const Forward& row : *rows)
+                CheckRow(c, row);
+    });
+}
+
+// ---------------------------------------------------------------------------
+// what the wrappers add
+
+TEST(ControlWrappers, StringAdaptersReadWholeItemsAndEmptyOnABadIndex)
+{
+    RunRepeated([] {
+        Controls c;
+        ASSERT_TRUE(c.Create());
+        for (LPCTSTR t : { _T("Anna"), _T("Berta"), _T("Carl") }) {
+            c.list.AddString(t);
+            c.combo.AddString(t);
+        }
+        CString s;
+        c.list.GetText(1, s);
+        EXPECT_STREQ(_T("Berta"), (LPCTSTR)s);
+        c.list.GetText(9, s);
+        EXPECT_TRUE(s.IsEmpty());
+        c.combo.GetLBText(2, s);
+        EXPECT_STREQ(_T("Carl"), (LPCTSTR)s);
+        s = _T("stale");
+        c.combo.GetLBText(7, s);
+        EXPECT_TRUE(s.IsEmpty());
+
+        // GetLine writes the buffer size into the buffer; a one-character
+        // buffer gets one character and nothing beyond it.
+        c.edit.SetWindowText(_T("one\r\ntwo\r\nthree"));
+        TCHAR buf[8];
+        memset(buf, 'x', sizeof(buf));
+        EXPECT_EQ(3, c.edit.GetLine(1, buf, 3));
+        EXPECT_EQ(0, memcmp(buf, _T("twox"), 4));
+        memset(buf, 'x', sizeof(buf));
+        EXPECT_EQ(1, c.edit.GetLine(2, buf, 1));
+        EXPECT_EQ(0, memcmp(buf, _T("tx"), 2));
+        EXPECT_EQ(0, c.edit.GetLine(0, buf, 0));
+
+        c.rich.SetWindowText(_T("Hello rich"));
+        c.rich.SetSel(6, 10);
+        EXPECT_STREQ(_T("rich"), (LPCTSTR)c.rich.GetSelText());
+        c.rich.SetSel(3, 3);
+        EXPECT_TRUE(c.rich.GetSelText().IsEmpty());
+    });
+}
+
+TEST(ControlWrappers, OutputAdaptersSplitTheControlsAnswer)
+{
+    RunRepeated([] {
+        Controls c;
+        ASSERT_TRUE(c.Create());
+        c.edit.SetWindowText(_T("one\r\ntwo"));
+        c.edit.SetSel(2, 6);
+        int start = -1, end = -1;
+        c.edit.GetSel(start, end);
+        EXPECT_EQ(2, start);
+        EXPECT_EQ(6, end);
+        CPoint pt = c.edit.PosFromChar(6);
+        EXPECT_EQ((DWORD)MAKELONG(6, 1), (DWORD)c.edit.CharFromPos(CPoint(pt.x + 1, pt.y + 1)));
+
+        c.rich.SetWindowText(_T("Hello rich"));
+        c.rich.SetSel(1, 4);
+        long from = 0, to = 0;
+        c.rich.GetSel(from, to);
+        EXPECT_EQ(1, from);
+        EXPECT_EQ(4, to);
+
+        c.spin.SetRange(-5, 20);
+        int lower = 0, upper = 0;
+        c.spin.GetRange(lower, upper);
+        EXPECT_EQ(-5, lower);
+        EXPECT_EQ(20, upper);
+        c.spin.SetPos(-3);
+        EXPECT_EQ(-3, c.spin.SetPos(4));   // the previous position, sign kept
+        // The buddy comes back as its permanent wrapper.
+        EXPECT_EQ(nullptr, c.spin.SetBuddy(&c.edit));
+        EXPECT_EQ(&c.edit, c.spin.GetBuddy());
+
+        c.list.AddString(_T("only"));
+        BOOL outside = FALSE;
+        EXPECT_EQ(0u, c.list.ItemFromPoint(CPoint(5, 120), outside));
+        EXPECT_TRUE(outside);
+    });
+}
+
+TEST(ControlWrappers, CharFormatsCarryTheirSize)
+{
+    RunRepeated([] {
+        Controls c;
+        ASSERT_TRUE(c.Create());
+        c.rich.SetWindowText(_T("abcdef"));
+        CHARFORMAT cf = {};   // cbSize left 0: the wrapper fills it in
+        cf.dwMask = CFM_BOLD;
+        cf.dwEffects = CFE_BOLD;
+        EXPECT_TRUE(c.rich.SetDefaultCharFormat(cf));
+        CHARFORMAT back = {};
+        EXPECT_TRUE(c.rich.GetDefaultCharFormat(back) & CFM_BOLD);
+        EXPECT_TRUE(back.dwEffects & CFE_BOLD);
+        c.rich.SetSel(0, 2);
+        cf = {};
+        cf.dwMask = CFM_ITALIC;
+        cf.dwEffects = CFE_ITALIC;
+        EXPECT_TRUE(c.rich.SetSelectionCharFormat(cf));
+        c.rich.SetSel(0, 1);
+        back = {};
+        c.rich.GetSelectionCharFormat(back);
+        EXPECT_TRUE(back.dwEffects & CFE_ITALIC);
+        PARAFORMAT pf = {};
+        pf.dwMask = PFM_ALIGNMENT;
+        pf.wAlignment = PFA_CENTER;
+        EXPECT_TRUE(c.rich.SetParaFormat(pf));
+        PARAFORMAT pback = {};
+        c.rich.GetParaFormat(pback);
+        EXPECT_EQ(PFA_CENTER, pback.wAlignment);
+    });
+}
+
+TEST(ControlWrappers, ToolsAreIdentifiedByWindowOrById)
+{
+    RunRepeated([] {
+        Controls c;
+        ASSERT_TRUE(c.Create());
+        CToolTipCtrl& tips = c.tip;
+        EXPECT_EQ(c.parent.m_hWnd, ::GetWindow(tips.m_hWnd, GW_OWNER));
+        EXPECT_FALSE(tips.AddTool(nullptr, _T("no window")));
+        EXPECT_TRUE(tips.AddTool(&c.button, _T("Save the record")));
+        const CRect area(200, 100, 260, 140);
+        EXPECT_TRUE(tips.AddTool(&c.parent, LPSTR_TEXTCALLBACK, &area, 7));
+        EXPECT_EQ(2, tips.GetToolCount());
+
+        CString text;
+        tips.GetText(text, &c.button);
+        EXPECT_STREQ(_T("Save the record"), (LPCTSTR)text);
+        tips.UpdateTipText(_T("Store it"), &c.button);
+        tips.GetText(text, &c.button);
+        EXPECT_STREQ(_T("Store it"), (LPCTSTR)text);
+
+        CToolInfo info;
+        ASSERT_TRUE(tips.GetToolInfo(info, &c.parent, 7));
+        EXPECT_EQ(LPSTR_TEXTCALLBACK, info.lpszText);
+        EXPECT_EQ(area, CRect(info.rect));
+        EXPECT_FALSE(tips.GetToolInfo(info, &c.parent, 8));
+
+        TOOLINFO hit = {};
+        EXPECT_TRUE(tips.HitTest(&c.button, CPoint(3, 3), &hit));   // the whole window is the tool
+        EXPECT_EQ((UINT_PTR)c.button.m_hWnd, hit.uId);
+        EXPECT_TRUE(tips.HitTest(&c.parent, CPoint(210, 120), &hit));
+        EXPECT_EQ(7u, hit.uId);
+        const CRect moved(0, 200, 50, 250);
+        tips.SetToolRect(&c.parent, 7, &moved);
+        EXPECT_FALSE(tips.HitTest(&c.parent, CPoint(210, 120), &hit));
+        EXPECT_TRUE(tips.HitTest(&c.parent, CPoint(10, 210), &hit));
+
+        tips.DelTool(&c.button);
+        EXPECT_EQ(1, tips.GetToolCount());
+        tips.DelTool(&c.parent, 7);
+        EXPECT_EQ(0, tips.GetToolCount());
+    });
+}
+
+// ---------------------------------------------------------------------------
+// owner-draw reflection: the control's own virtuals, never the parent's
+
 class TestParent : public CWnd
 {
 public:
-    int drawItemCalls = 0;
-    int measureItemCalls = 0;
-    std::vector<UINT> commands;
-
-    BOOL CreateFrame(bool visible = false)
-    {
-        return CreateEx(0, AfxRegisterWndClass(0), _T("controls"),
-                        WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | (visible ? WS_VISIBLE : 0),
-                        0, 0, 400, 300, nullptr, nullptr);
-    }
-    ~TestParent() override
-    {
-        if (m_hWnd != nullptr)
-            DestroyWindow();
-    }
+    int ownerDrawCalls = 0;
 
 protected:
-    afx_msg void OnDrawItem(int, LPDRAWITEMSTRUCT) { ++drawItemCalls; }
-    afx_msg void OnMeasureItem(int, LPMEASUREITEMSTRUCT) { ++measureItemCalls; }
-    afx_msg void OnCommandRange(UINT nID) { commands.push_back(nID); }
+    afx_msg void OnDrawItem(int, LPDRAWITEMSTRUCT) { ++ownerDrawCalls; }
+    afx_msg void OnMeasureItem(int, LPMEASUREITEMSTRUCT) { ++ownerDrawCalls; }
     DECLARE_MESSAGE_MAP()
 };
 
 BEGIN_MESSAGE_MAP(TestParent, CWnd)
     ON_WM_DRAWITEM()
     ON_WM_MEASUREITEM()
-    ON_COMMAND_RANGE(100, 999, OnCommandRange)
 END_MESSAGE_MAP()
 
-
-const CRect kCtrlRect(10, 10, 210, 160);
-
-// ---------------------------------------------------------------------------
-// list box
-
-class OwnerDrawList : public CListBox
+// Records what reaches the control: drawn item ids, measured item ids (with
+// height 10 + 3 id, 17 for the selection field), deleted item data; sorts by
+// item data.
+template <class Base>
+class OwnerDrawn : public Base
 {
 public:
-    std::vector<UINT> drawn;
+    std::vector<UINT> drawn, measured;
     std::vector<DWORD_PTR> deleted;
-    int measured = 0;
-
     void DrawItem(LPDRAWITEMSTRUCT lpDIS) override { drawn.push_back(lpDIS->itemID); }
     void MeasureItem(LPMEASUREITEMSTRUCT lpMIS) override
     {
-        ++measured;
-        lpMIS->itemHeight = 23;
+        measured.push_back(lpMIS->itemID);
+        lpMIS->itemHeight = lpMIS->itemID == (UINT)-1 ? 17 : 10 + 3 * lpMIS->itemID;
     }
-    // Orders items by their data, ascending.
     int CompareItem(LPCOMPAREITEMSTRUCT lpCIS) override
     {
         if (lpCIS->itemData1 < lpCIS->itemData2) return -1;
@@ -73,843 +534,72 @@ public:
     void DeleteItem(LPDELETEITEMSTRUCT lpDIS) override { deleted.push_back(lpDIS->itemData); }
 };
 
-TEST(ControlsListBox, TextAndItemDataRoundTrip)
+class OwnerDrawButton : public CButton
+{
+public:
+    int drawn = 0;
+    void DrawItem(LPDRAWITEMSTRUCT) override { ++drawn; }
+};
+
+TEST(ControlWrappers, OwnerDrawReachesTheControlNotTheParent)
 {
     RunRepeated([] {
         TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CListBox list;
-        ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOTIFY, kCtrlRect, &parent, 201));
-        EXPECT_EQ(&list, CWnd::FromHandlePermanent(list.m_hWnd));
-
-        EXPECT_EQ(0, list.AddString(_T("Anna")));
-        EXPECT_EQ(1, list.AddString(_T("Carl")));
-        EXPECT_EQ(1, list.InsertString(1, _T("Berta")));
-        EXPECT_EQ(3, list.GetCount());
-
-        // Item data keeps all 64 bits.
-        const DWORD_PTR big = (DWORD_PTR)0x123456789ABCDEF0ull;
-        EXPECT_NE(LB_ERR, list.SetItemData(0, big));
-        int local = 7;
-        EXPECT_NE(LB_ERR, list.SetItemDataPtr(2, &local));
-        EXPECT_EQ(big, list.GetItemData(0));
-        EXPECT_EQ(&local, list.GetItemDataPtr(2));
-
-        CString s;
-        list.GetText(1, s);
-        EXPECT_STREQ(_T("Berta"), (LPCTSTR)s);
-        EXPECT_EQ(5, list.GetTextLen(1));
-        TCHAR buf[32] = {};
-        EXPECT_EQ(4, list.GetText(2, buf));
-        EXPECT_STREQ(_T("Carl"), buf);
-        s = _T("stale");
-        list.GetText(9, s);   // bad index: empty, not the old text
-        EXPECT_TRUE(s.IsEmpty());
-        EXPECT_EQ(LB_ERR, list.GetTextLen(9));
-
-        // Data moves with its item when an earlier one is deleted.
-        EXPECT_EQ(2, list.DeleteString(0));
-        EXPECT_EQ(&local, list.GetItemDataPtr(1));
-
-        // Prefix search wraps past the end; exact search does not match prefixes.
-        EXPECT_EQ(0, list.FindString(-1, _T("be")));
-        EXPECT_EQ(1, list.FindString(0, _T("C")));
-        EXPECT_EQ(LB_ERR, list.FindStringExact(-1, _T("Ber")));
-        EXPECT_EQ(1, list.FindStringExact(-1, _T("carl")));
-        EXPECT_EQ(LB_ERR, list.GetCurSel());
-        EXPECT_EQ(1, list.SelectString(-1, _T("Ca")));
-        EXPECT_EQ(1, list.GetCurSel());
-        EXPECT_EQ(0, list.SetCurSel(0));
-        EXPECT_EQ(0, list.GetCurSel());
-
-        list.ResetContent();
-        EXPECT_EQ(0, list.GetCount());
-    });
-}
-
-TEST(ControlsListBox, MultipleSelection)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CListBox list;
-        ASSERT_TRUE(list.Create(WS_CHILD | LBS_EXTENDEDSEL, kCtrlRect, &parent, 202));
-        for (LPCTSTR t : { _T("a"), _T("b"), _T("c"), _T("d"), _T("e"), _T("f") })
-            list.AddString(t);
-        list.SetSel(1);
-        list.SetSel(3);
-        list.SetSel(4);
-        list.SetSel(4, FALSE);
-        EXPECT_EQ(2, list.GetSelCount());
-        EXPECT_NE(0, list.GetSel(3));
-        EXPECT_EQ(0, list.GetSel(4));
-        int items[8] = {};
-        ASSERT_EQ(2, list.GetSelItems(8, items));
-        EXPECT_EQ(1, items[0]);
-        EXPECT_EQ(3, items[1]);
-
-        list.SelItemRange(TRUE, 2, 5);
-        EXPECT_EQ(5, list.GetSelCount());
-        list.SelItemRange(FALSE, 1, 3);
-        ASSERT_EQ(2, list.GetSelItems(8, items));
-        EXPECT_EQ(4, items[0]);
-        EXPECT_EQ(5, items[1]);
-        list.SetSel(-1, FALSE);   // -1: every item
-        EXPECT_EQ(0, list.GetSelCount());
-    });
-}
-
-TEST(ControlsListBox, ItemGeometryAndHitTest)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CListBox list;
-        ASSERT_TRUE(list.Create(WS_CHILD | WS_VSCROLL | LBS_NOINTEGRALHEIGHT, kCtrlRect, &parent, 203));
-        for (int i = 0; i < 40; ++i)
-            list.AddString(_T("row"));
-        EXPECT_NE(LB_ERR, list.SetItemHeight(0, 20));
-        EXPECT_EQ(20, list.GetItemHeight(0));
-
-        CRect rc;
-        EXPECT_NE(LB_ERR, list.GetItemRect(2, &rc));
-        EXPECT_EQ(40, rc.top);
-        EXPECT_EQ(60, rc.bottom);
-
-        BOOL outside = TRUE;
-        EXPECT_EQ(2u, list.ItemFromPoint(CPoint(5, 45), outside));
-        EXPECT_FALSE(outside);
-
-        EXPECT_NE(LB_ERR, list.SetTopIndex(10));
-        EXPECT_EQ(10, list.GetTopIndex());
-        EXPECT_EQ(11u, list.ItemFromPoint(CPoint(5, 25), outside));
-        EXPECT_FALSE(outside);
-        EXPECT_NE(LB_ERR, list.GetItemRect(10, &rc));
-        EXPECT_EQ(0, rc.top);
-
-        // Below the last item of a short list: the nearest item, flagged outside.
-        list.ResetContent();
-        list.AddString(_T("only"));
-        EXPECT_EQ(0u, list.ItemFromPoint(CPoint(5, 120), outside));
-        EXPECT_TRUE(outside);
-    });
-}
-
-TEST(ControlsListBox, OwnerDrawReachesTheControlNotTheParent)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame(true));
-        OwnerDrawList list;
-        ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS,
-                                kCtrlRect, &parent, 204));
-        // Measured once at creation, by the control.
-        EXPECT_EQ(1, list.measured);
-        EXPECT_EQ(23, list.GetItemHeight(0));
-
+        ASSERT_TRUE(CreateParent(parent, true));
+        OwnerDrawn<CListBox> list;
+        ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS, kCtrlRect, &parent, 204));
+        EXPECT_EQ(1u, list.measured.size());   // once, at creation
         list.AddString(_T("one"));
         list.AddString(_T("two"));
         list.SetItemData(1, 0x42);
         list.drawn.clear();
         list.Invalidate();
         list.UpdateWindow();
-        ASSERT_EQ(2u, list.drawn.size());
-        EXPECT_EQ(0u, list.drawn[0]);
-        EXPECT_EQ(1u, list.drawn[1]);
-
-        // Deleting an item with data reports that data.
+        EXPECT_EQ((std::vector<UINT>{ 0, 1 }), list.drawn);
         list.DeleteString(1);
-        ASSERT_EQ(1u, list.deleted.size());
-        EXPECT_EQ(0x42u, list.deleted[0]);
+        EXPECT_EQ(std::vector<DWORD_PTR>{ 0x42 }, list.deleted);
 
-        EXPECT_EQ(0, parent.drawItemCalls);
-        EXPECT_EQ(0, parent.measureItemCalls);
-        list.DestroyWindow();
-    });
-}
-
-TEST(ControlsListBox, OwnerDrawSortUsesCompareItem)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        OwnerDrawList list;
-        // No LBS_HASSTRINGS: AddString's argument is the item data.
-        ASSERT_TRUE(list.Create(WS_CHILD | LBS_OWNERDRAWFIXED | LBS_SORT, kCtrlRect, &parent, 205));
-        for (DWORD_PTR d : { 30, 10, 20, 5 })
-            list.AddString((LPCTSTR)d);
-        ASSERT_EQ(4, list.GetCount());
-        EXPECT_EQ(5u, list.GetItemData(0));
-        EXPECT_EQ(10u, list.GetItemData(1));
-        EXPECT_EQ(20u, list.GetItemData(2));
-        EXPECT_EQ(30u, list.GetItemData(3));
-
-        // Every remaining item is reported when the control goes away.
-        list.DestroyWindow();
-        EXPECT_EQ(4u, list.deleted.size());
-    });
-}
-
-// ---------------------------------------------------------------------------
-// combo box
-
-class OwnerDrawCombo : public CComboBox
-{
-public:
-    int drawn = 0;
-    std::vector<UINT> measured;
-    std::vector<DWORD_PTR> deleted;
-    void DrawItem(LPDRAWITEMSTRUCT) override { ++drawn; }
-    // Variable heights: item i is 10 + 3 i pixels; the selection field 17.
-    void MeasureItem(LPMEASUREITEMSTRUCT lpMIS) override
-    {
-        measured.push_back(lpMIS->itemID);
-        lpMIS->itemHeight = lpMIS->itemID == (UINT)-1 ? 17 : 10 + 3 * lpMIS->itemID;
-    }
-    void DeleteItem(LPDELETEITEMSTRUCT lpDIS) override { deleted.push_back(lpDIS->itemData); }
-};
-
-TEST(ControlsComboBox, TextAndItemDataRoundTrip)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CComboBox combo;
-        ASSERT_TRUE(combo.Create(WS_CHILD | CBS_DROPDOWNLIST | WS_VSCROLL, kCtrlRect, &parent, 301));
-        EXPECT_EQ(0, combo.AddString(_T("Home")));
-        EXPECT_EQ(1, combo.AddString(_T("Work")));
-        EXPECT_EQ(0, combo.InsertString(0, _T("Mobile")));
-        EXPECT_EQ(3, combo.GetCount());
-
-        const DWORD_PTR big = (DWORD_PTR)0xFEDCBA9876543210ull;
-        EXPECT_NE(CB_ERR, combo.SetItemData(2, big));
-        EXPECT_EQ(big, combo.GetItemData(2));
-        double value = 1.5;
-        combo.SetItemDataPtr(0, &value);
-        EXPECT_EQ(&value, combo.GetItemDataPtr(0));
-
-        CString s;
-        combo.GetLBText(1, s);
-        EXPECT_STREQ(_T("Home"), (LPCTSTR)s);
-        EXPECT_EQ(6, combo.GetLBTextLen(0));
-        TCHAR buf[16] = {};
-        EXPECT_EQ(4, combo.GetLBText(2, buf));
-        EXPECT_STREQ(_T("Work"), buf);
-        s = _T("stale");
-        combo.GetLBText(7, s);
-        EXPECT_TRUE(s.IsEmpty());
-
-        EXPECT_EQ(2, combo.FindString(-1, _T("w")));
-        EXPECT_EQ(CB_ERR, combo.FindStringExact(-1, _T("Wor")));
-        EXPECT_EQ(1, combo.FindStringExact(-1, _T("home")));
-        EXPECT_EQ(2, combo.SelectString(-1, _T("Wo")));
-        EXPECT_EQ(2, combo.GetCurSel());
-        CString shown;
-        combo.GetWindowText(shown);
-        EXPECT_STREQ(_T("Work"), (LPCTSTR)shown);
-
-        EXPECT_EQ(2, combo.DeleteString(0));
-        EXPECT_EQ(big, combo.GetItemData(1));
-        combo.ResetContent();
-        EXPECT_EQ(0, combo.GetCount());
-        EXPECT_EQ(CB_ERR, combo.GetCurSel());
-    });
-}
-
-TEST(ControlsComboBox, EditPartLimitAndSelection)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CComboBox combo;
-        ASSERT_TRUE(combo.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN | CBS_AUTOHSCROLL, kCtrlRect, &parent, 302));
-        combo.SetWindowText(_T("hello world"));
-        EXPECT_TRUE(combo.SetEditSel(2, 5));
-        DWORD sel = combo.GetEditSel();
-        EXPECT_EQ(2, LOWORD(sel));
-        EXPECT_EQ(5, HIWORD(sel));
-
-        combo.LimitText(4);
-        combo.SetWindowText(_T(""));
-        HWND hEdit = ::GetWindow(combo.m_hWnd, GW_CHILD);
-        ASSERT_NE(nullptr, hEdit);
-        hytest::Type(hEdit, "abcdefg");
-        CString text;
-        combo.GetWindowText(text);
-        EXPECT_STREQ(_T("abcd"), (LPCTSTR)text);
-    });
-}
-
-TEST(ControlsComboBox, DropDownState)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame(true));
-        CComboBox combo;
-        ASSERT_TRUE(combo.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, kCtrlRect, &parent, 303));
-        combo.AddString(_T("x"));
-        combo.AddString(_T("y"));
-        EXPECT_FALSE(combo.GetDroppedState());
-        combo.ShowDropDown();
-        EXPECT_TRUE(combo.GetDroppedState());
-        CRect dropped;
-        combo.GetDroppedControlRect(&dropped);
-        CRect window;
-        combo.GetWindowRect(&window);
-        EXPECT_EQ(window.left, dropped.left);
-        EXPECT_GT(dropped.Height(), window.Height());
-        combo.ShowDropDown(FALSE);
-        EXPECT_FALSE(combo.GetDroppedState());
-        hytest::PumpMessages();
-    });
-}
-
-TEST(ControlsComboBox, OwnerDrawVariableHeightsFromMeasureItem)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame(true));
-        OwnerDrawCombo combo;
+        OwnerDrawn<CComboBox> combo;
         ASSERT_TRUE(combo.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST | CBS_OWNERDRAWVARIABLE | CBS_HASSTRINGS,
-                                 kCtrlRect, &parent, 304));
-        combo.AddString(_T("a"));
-        combo.AddString(_T("b"));
-        combo.AddString(_T("c"));
-        // The selection field is measured at creation (itemID -1), then each item.
-        ASSERT_EQ(4u, combo.measured.size());
-        EXPECT_EQ((UINT)-1, combo.measured[0]);
-        EXPECT_EQ(2u, combo.measured[3]);
-        EXPECT_EQ(10, combo.GetItemHeight(0));
+                                 CRect(220, 10, 380, 160), &parent, 304));
+        for (LPCTSTR t : { _T("a"), _T("b"), _T("c") })
+            combo.AddString(t);
+        // The selection field first (itemID -1), then each item as it comes.
+        EXPECT_EQ((std::vector<UINT>{ (UINT)-1, 0, 1, 2 }), combo.measured);
         EXPECT_EQ(16, combo.GetItemHeight(2));
-        EXPECT_NE(CB_ERR, combo.SetItemHeight(1, 30));
-        EXPECT_EQ(30, combo.GetItemHeight(1));
-
         combo.SetCurSel(1);
         combo.Invalidate();
         combo.UpdateWindow();
-        EXPECT_GT(combo.drawn, 0);
+        EXPECT_FALSE(combo.drawn.empty());
 
-        combo.SetItemData(0, 0x77);
-        combo.DeleteString(0);
-        ASSERT_EQ(1u, combo.deleted.size());
-        EXPECT_EQ(0x77u, combo.deleted[0]);
-        EXPECT_EQ(0, parent.drawItemCalls);
-        EXPECT_EQ(0, parent.measureItemCalls);
+        OwnerDrawButton button;
+        ASSERT_TRUE(button.Create(_T("Draw me"), WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, CRect(10, 170, 90, 200),
+                                  &parent, 401));
+        button.Invalidate();
+        button.UpdateWindow();
+        EXPECT_GE(button.drawn, 1);
+        EXPECT_EQ(0, parent.ownerDrawCalls);
+        list.DestroyWindow();
         combo.DestroyWindow();
     });
 }
 
-// ---------------------------------------------------------------------------
-// buttons and statics
-
-class OwnerDrawButton : public CButton
-{
-public:
-    int drawn = 0;
-    UINT lastAction = 0;
-    void DrawItem(LPDRAWITEMSTRUCT lpDIS) override
-    {
-        ++drawn;
-        lastAction = lpDIS->itemAction;
-    }
-};
-
-TEST(ControlsButton, OwnerDrawReachesTheButton)
+TEST(ControlWrappers, OwnerDrawSortUsesCompareItemAndDestroyReportsEveryItem)
 {
     RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame(true));
-        OwnerDrawButton button;
-        ASSERT_TRUE(button.Create(_T("Draw me"), WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, CRect(10, 10, 90, 40),
-                                  &parent, 401));
-        button.drawn = 0;
-        button.Invalidate();
-        button.UpdateWindow();
-        EXPECT_GE(button.drawn, 1);
-        EXPECT_EQ(0, parent.drawItemCalls);
-    });
-}
-
-TEST(ControlsButton, CheckStateAndStyle)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CButton check;
-        ASSERT_TRUE(check.Create(_T("Private"), WS_CHILD | BS_AUTO3STATE, CRect(10, 10, 90, 30), &parent, 402));
-        EXPECT_EQ(BST_UNCHECKED, check.GetCheck());
-        check.SetCheck(BST_INDETERMINATE);
-        EXPECT_EQ(BST_INDETERMINATE, check.GetCheck());
-        EXPECT_EQ((UINT)BS_AUTO3STATE, check.GetButtonStyle() & BS_TYPEMASK);
-
-        // Clicking cycles the auto three-state box and notifies the parent.
-        check.SetCheck(BST_UNCHECKED);
-        hytest::Click(check.m_hWnd, 5, 5);
-        EXPECT_EQ(BST_CHECKED, check.GetCheck());
-        ASSERT_EQ(1u, parent.commands.size());
-        EXPECT_EQ(402u, parent.commands[0]);
-
-        CButton push;
-        ASSERT_TRUE(push.Create(_T("OK"), WS_CHILD | BS_PUSHBUTTON | BS_MULTILINE, CRect(10, 40, 90, 60), &parent, 403));
-        push.SetButtonStyle(BS_DEFPUSHBUTTON);
-        EXPECT_EQ((UINT)BS_DEFPUSHBUTTON, push.GetButtonStyle() & BS_TYPEMASK);
-        EXPECT_TRUE(push.GetStyle() & WS_CHILD);   // only the button part is replaced
-        push.SetState(TRUE);
-        EXPECT_TRUE(push.GetState() & BST_PUSHED);
-        push.SetState(FALSE);
-        EXPECT_FALSE(push.GetState() & BST_PUSHED);
-    });
-}
-
-TEST(ControlsButton, BitmapAndStaticImagesAnswerThePreviousOne)
-{
-    CBitmap a, b;
-    ASSERT_TRUE(a.CreateBitmap(8, 8, 1, 1, nullptr));
-    ASSERT_TRUE(b.CreateBitmap(8, 8, 1, 1, nullptr));
-    RunRepeated([&] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CButton button;
-        ASSERT_TRUE(button.Create(_T(""), WS_CHILD | BS_PUSHBUTTON | BS_BITMAP, CRect(0, 0, 40, 40), &parent, 404));
-        EXPECT_EQ(nullptr, button.SetBitmap(a));
-        EXPECT_EQ((HBITMAP)a, button.GetBitmap());
-        EXPECT_EQ((HBITMAP)a, button.SetBitmap(b));
-        EXPECT_EQ((HBITMAP)b, button.GetBitmap());
-
-        CStatic pic;
-        ASSERT_TRUE(pic.Create(nullptr, WS_CHILD | SS_BITMAP, CRect(50, 0, 90, 40), &parent));
-        EXPECT_EQ(nullptr, pic.SetBitmap(a));
-        EXPECT_EQ((HBITMAP)a, pic.GetBitmap());
-        EXPECT_EQ((HBITMAP)a, pic.SetBitmap(nullptr));
-    });
-}
-
-// ---------------------------------------------------------------------------
-// edit
-
-TEST(ControlsEdit, LimitStopsTyping)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CEdit edit;
-        ASSERT_TRUE(edit.Create(WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, CRect(0, 0, 200, 24), &parent, 501));
-        edit.LimitText(5);
-        EXPECT_EQ(5u, edit.GetLimitText());
-        EXPECT_FALSE(edit.GetModify());
-        hytest::Type(edit.m_hWnd, "abcdefg");
-        CString text;
-        edit.GetWindowText(text);
-        EXPECT_STREQ(_T("abcde"), (LPCTSTR)text);
-        EXPECT_TRUE(edit.GetModify());
-        edit.SetModify(FALSE);
-        EXPECT_FALSE(edit.GetModify());
-
-        edit.SetLimitText(8);
-        EXPECT_EQ(8u, edit.GetLimitText());
-        hytest::Type(edit.m_hWnd, "xyzuvw");
-        edit.GetWindowText(text);
-        EXPECT_EQ(8, text.GetLength());
-    });
-}
-
-TEST(ControlsEdit, SelectionReplaceAndUndo)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CEdit edit;
-        ASSERT_TRUE(edit.Create(WS_CHILD | ES_AUTOHSCROLL, CRect(0, 0, 200, 24), &parent, 502));
-        edit.SetWindowText(_T("hello world"));
-        edit.SetSel(6, 11);
-        int start = -1, end = -1;
-        edit.GetSel(start, end);
-        EXPECT_EQ(6, start);
-        EXPECT_EQ(11, end);
-        EXPECT_EQ((DWORD)MAKELONG(6, 11), edit.GetSel());
-
-        edit.EmptyUndoBuffer();
-        EXPECT_FALSE(edit.CanUndo());
-        edit.ReplaceSel(_T("there"), TRUE);
-        CString text;
-        edit.GetWindowText(text);
-        EXPECT_STREQ(_T("hello there"), (LPCTSTR)text);
-        EXPECT_TRUE(edit.CanUndo());
-        EXPECT_TRUE(edit.Undo());
-        edit.GetWindowText(text);
-        EXPECT_STREQ(_T("hello world"), (LPCTSTR)text);
-
-        // The DWORD form: start in the low word.
-        edit.SetSel(MAKELONG(1, 3));
-        edit.GetSel(start, end);
-        EXPECT_EQ(1, start);
-        EXPECT_EQ(3, end);
-        edit.Clear();
-        edit.GetWindowText(text);
-        EXPECT_STREQ(_T("hlo world"), (LPCTSTR)text);
-    });
-}
-
-TEST(ControlsEdit, LinesOfAMultilineEdit)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CEdit edit;
-        ASSERT_TRUE(edit.Create(WS_CHILD | ES_MULTILINE | ES_AUTOVSCROLL, CRect(0, 0, 200, 100), &parent, 503));
-        edit.SetWindowText(_T("one\r\ntwo\r\nthree"));
-        EXPECT_EQ(3, edit.GetLineCount());
-        EXPECT_EQ(5, edit.LineIndex(1));
-        EXPECT_EQ(10, edit.LineIndex(2));
-        EXPECT_EQ(5, edit.LineLength(10));   // takes a character index
-        EXPECT_EQ(2, edit.LineFromChar(12));
-
-        TCHAR buf[16];
-        memset(buf, 'x', sizeof(buf));
-        EXPECT_EQ(5, edit.GetLine(2, buf, 15));
-        EXPECT_EQ(0, memcmp(buf, _T("three"), 5));
-        memset(buf, 'x', sizeof(buf));
-        EXPECT_EQ(3, edit.GetLine(1, buf, 3));
-        EXPECT_EQ(0, memcmp(buf, _T("two"), 3));
-        // A one-character buffer gets one character and nothing beyond it.
-        memset(buf, 'x', sizeof(buf));
-        EXPECT_EQ(1, edit.GetLine(0, buf, 1));
-        EXPECT_EQ('o', buf[0]);
-        EXPECT_EQ('x', buf[1]);
-        EXPECT_EQ(0, edit.GetLine(0, buf, 0));
-
-        // The caret's position and the character under it agree.
-        CPoint pt = edit.PosFromChar(6);
-        int hit = edit.CharFromPos(CPoint(pt.x + 1, pt.y + 1));
-        EXPECT_EQ(6, LOWORD(hit));
-        EXPECT_EQ(1, HIWORD(hit));
-    });
-}
-
-TEST(ControlsEdit, ReadOnlyPasswordAndMargins)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CEdit edit;
-        ASSERT_TRUE(edit.Create(WS_CHILD | ES_AUTOHSCROLL, CRect(0, 0, 200, 24), &parent, 504));
-        EXPECT_TRUE(edit.SetReadOnly());
-        EXPECT_TRUE(edit.GetStyle() & ES_READONLY);
-        hytest::Type(edit.m_hWnd, "abc");
-        EXPECT_EQ(0, edit.GetWindowTextLength());
-        edit.SetReadOnly(FALSE);
-        EXPECT_FALSE(edit.GetStyle() & ES_READONLY);
-
-        edit.SetPasswordChar('*');
-        EXPECT_EQ('*', edit.GetPasswordChar());
-        EXPECT_TRUE(edit.GetStyle() & ES_PASSWORD);
-        edit.SetPasswordChar(0);
-        EXPECT_EQ(0, edit.GetPasswordChar());
-
-        edit.SetMargins(3, 7);
-        EXPECT_EQ((DWORD)MAKELONG(3, 7), edit.GetMargins());
-    });
-}
-
-// ---------------------------------------------------------------------------
-// menus
-
-// A menu template in memory: "Alpha" (300), a separator and a popup "Sub"
-// holding "Beta" (301).
-std::vector<WORD> MenuTemplate()
-{
-    std::vector<WORD> t = { 0, 0 };   // version, header size
-    auto text = [&](const wchar_t* s) {
-        while (*s) t.push_back((WORD)*s++);
-        t.push_back(0);
-    };
-    t.push_back(0); t.push_back(300); text(L"Alpha");
-    t.push_back(0); t.push_back(0); text(L"");            // separator
-    t.push_back(MF_POPUP | MF_END); text(L"Sub");
-    t.push_back(MF_END); t.push_back(301); text(L"Beta");
-    return t;
-}
-
-// Open (100), a separator, Save (101), and a submenu with Cut (200) and Copy (201).
-void BuildSampleMenu(CMenu& menu)
-{
-    ASSERT_TRUE(menu.CreatePopupMenu());
-    CMenu sub;
-    ASSERT_TRUE(sub.CreatePopupMenu());
-    sub.AppendMenu(MF_STRING, 200, _T("Cu&t"));
-    sub.AppendMenu(MF_STRING, 201, _T("&Copy"));
-    ASSERT_TRUE(menu.AppendMenu(MF_STRING, 100, _T("&Open")));
-    menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(MF_STRING, 101, _T("&Save"));
-    menu.AppendMenu(MF_POPUP, (UINT_PTR)sub.Detach(), _T("&Edit"));   // owned by menu now
-}
-
-TEST(ControlsMenu, ItemsReadBackByPosition)
-{
-    RunRepeated([] {
-        CMenu menu;
-        BuildSampleMenu(menu);
-        ASSERT_EQ(4u, menu.GetMenuItemCount());
-        EXPECT_EQ(100u, menu.GetMenuItemID(0));
-        EXPECT_EQ(0u, menu.GetMenuItemID(1));             // separator
-        EXPECT_EQ(0xFFFFFFFFu, menu.GetMenuItemID(3));    // submenu
-        EXPECT_TRUE(menu.GetMenuState(1, MF_BYPOSITION) & MF_SEPARATOR);
-
-        CString s;
-        EXPECT_EQ(5, menu.GetMenuString(0, s, MF_BYPOSITION));
-        EXPECT_STREQ(_T("&Open"), (LPCTSTR)s);
-        menu.GetMenuString(101, s, MF_BYCOMMAND);
-        EXPECT_STREQ(_T("&Save"), (LPCTSTR)s);
-        TCHAR buf[4];
-        EXPECT_EQ(3, menu.GetMenuString(3, buf, 4, MF_BYPOSITION));   // truncated to fit
-        EXPECT_STREQ(_T("&Ed"), buf);
-        s = _T("stale");
-        EXPECT_EQ(0, menu.GetMenuString(999, s, MF_BYCOMMAND));
-        EXPECT_TRUE(s.IsEmpty());
-
-        CMenu* pSub = menu.GetSubMenu(3);
-        ASSERT_NE(nullptr, pSub);
-        EXPECT_EQ(2u, pSub->GetMenuItemCount());
-        EXPECT_EQ(201u, pSub->GetMenuItemID(1));
-        EXPECT_EQ(nullptr, menu.GetSubMenu(0));
-
-        // Insert, modify, remove.
-        EXPECT_TRUE(menu.InsertMenu(0, MF_BYPOSITION | MF_STRING, 99, _T("&New")));
-        EXPECT_EQ(99u, menu.GetMenuItemID(0));
-        EXPECT_EQ(100u, menu.GetMenuItemID(1));
-        EXPECT_TRUE(menu.ModifyMenu(101, MF_BYCOMMAND | MF_STRING, 102, _T("Save &As")));
-        menu.GetMenuString(102, s, MF_BYCOMMAND);
-        EXPECT_STREQ(_T("Save &As"), (LPCTSTR)s);
-        EXPECT_EQ(0xFFFFFFFFu, menu.GetMenuState(101, MF_BYCOMMAND));
-
-        // RemoveMenu leaves the submenu alive; DeleteMenu destroys it.
-        HMENU hSub = pSub->m_hMenu;
-        EXPECT_TRUE(menu.RemoveMenu(4, MF_BYPOSITION));
-        EXPECT_TRUE(::IsMenu(hSub));
-        menu.AppendMenu(MF_POPUP, (UINT_PTR)hSub, _T("&Edit"));
-        EXPECT_TRUE(menu.DeleteMenu(4, MF_BYPOSITION));
-        EXPECT_FALSE(::IsMenu(hSub));
-        EXPECT_EQ(4u, menu.GetMenuItemCount());
-        CMenu::DeleteTempMap();
-    });
-}
-
-TEST(ControlsMenu, CheckEnableRadioAndDefault)
-{
-    RunRepeated([] {
-        CMenu menu;
-        BuildSampleMenu(menu);
-        EXPECT_EQ((UINT)MF_UNCHECKED, menu.CheckMenuItem(101, MF_BYCOMMAND | MF_CHECKED));
-        EXPECT_TRUE(menu.GetMenuState(101, MF_BYCOMMAND) & MF_CHECKED);
-        EXPECT_EQ((UINT)MF_CHECKED, menu.CheckMenuItem(101, MF_BYCOMMAND | MF_UNCHECKED));
-        EXPECT_FALSE(menu.GetMenuState(101, MF_BYCOMMAND) & MF_CHECKED);
-        EXPECT_EQ((UINT)-1, menu.CheckMenuItem(555, MF_BYCOMMAND | MF_CHECKED));
-
-        EXPECT_EQ((UINT)MF_ENABLED, menu.EnableMenuItem(0, MF_BYPOSITION | MF_GRAYED));
-        EXPECT_TRUE(menu.GetMenuState(100, MF_BYCOMMAND) & MF_GRAYED);
-        EXPECT_EQ((UINT)MF_GRAYED, menu.EnableMenuItem(100, MF_BYCOMMAND | MF_ENABLED));
-        EXPECT_EQ((UINT)-1, menu.EnableMenuItem(555, MF_BYCOMMAND | MF_GRAYED));
-
-        // Commands in a submenu are found through the parent menu.
-        EXPECT_TRUE(menu.CheckMenuRadioItem(200, 201, 201, MF_BYCOMMAND));
-        MENUITEMINFO mii = {};
-        mii.cbSize = sizeof(mii);
-        mii.fMask = MIIM_FTYPE | MIIM_STATE;
-        CMenu* pSub = menu.GetSubMenu(3);
-        ASSERT_TRUE(pSub->GetMenuItemInfo(1, &mii, TRUE));
-        EXPECT_TRUE(mii.fType & MFT_RADIOCHECK);
-        EXPECT_TRUE(mii.fState & MFS_CHECKED);
-        ASSERT_TRUE(pSub->GetMenuItemInfo(200, &mii));
-        EXPECT_FALSE(mii.fState & MFS_CHECKED);
-
-        // SetMenuItemInfo by command.
-        mii.fMask = MIIM_STATE;
-        mii.fState = MFS_DISABLED;
-        EXPECT_TRUE(menu.SetMenuItemInfo(101, &mii));
-        EXPECT_TRUE(menu.GetMenuState(101, MF_BYCOMMAND) & MF_DISABLED);
-
-        EXPECT_TRUE(menu.SetDefaultItem(101));
-        EXPECT_EQ(101u, menu.GetDefaultItem(GMDI_USEDISABLED));
-        EXPECT_EQ(2u, menu.GetDefaultItem(GMDI_USEDISABLED, TRUE));
-        CMenu::DeleteTempMap();
-    });
-}
-
-TEST(ControlsMenu, WrappersOwnershipAndTempMap)
-{
-    RunRepeated([] {
-        HMENU destroyedWithObject;
-        {
-            CMenu menu;
-            ASSERT_TRUE(menu.CreateMenu());
-            destroyedWithObject = menu;
-            EXPECT_EQ(&menu, CMenu::FromHandle(menu.m_hMenu));
-            EXPECT_EQ(&menu, CMenu::FromHandlePermanent(menu.m_hMenu));
-            EXPECT_FALSE(menu.Attach(nullptr));
-        }
-        EXPECT_FALSE(::IsMenu(destroyedWithObject));
-
-        // Detach hands the menu over; the object no longer destroys it.
-        HMENU kept;
-        {
-            CMenu menu;
-            ASSERT_TRUE(menu.CreatePopupMenu());
-            kept = menu.Detach();
-            EXPECT_EQ(nullptr, menu.GetSafeHmenu());
-            EXPECT_EQ(nullptr, CMenu::FromHandlePermanent(kept));
-        }
-        ASSERT_TRUE(::IsMenu(kept));
-
-        // An unknown handle gets one temporary wrapper until DeleteTempMap,
-        // which leaves the menu itself alone.
-        CMenu* pTemp = CMenu::FromHandle(kept);
-        ASSERT_NE(nullptr, pTemp);
-        EXPECT_EQ(kept, pTemp->m_hMenu);
-        EXPECT_EQ(pTemp, CMenu::FromHandle(kept));
-        EXPECT_EQ(nullptr, CMenu::FromHandlePermanent(kept));
-        EXPECT_EQ(nullptr, CMenu::FromHandle(nullptr));
-        CMenu::DeleteTempMap();
-        EXPECT_TRUE(::IsMenu(kept));
-
-        // A second Attach is refused; the first menu stays attached.
-        CMenu owner;
-        ASSERT_TRUE(owner.Attach(kept));
-        HMENU other = ::CreateMenu();
-        EXPECT_FALSE(owner.Attach(other));
-        EXPECT_EQ(kept, owner.m_hMenu);
-        ::DestroyMenu(other);
-        EXPECT_TRUE(owner.DestroyMenu());
-        EXPECT_FALSE(::IsMenu(kept));
-        EXPECT_FALSE(owner.DestroyMenu());
-    });
-}
-
-TEST(ControlsMenu, LoadMenuIndirectAndMissingResource)
-{
-    RunRepeated([] {
-        std::vector<WORD> t = MenuTemplate();
-        CMenu menu;
-        ASSERT_TRUE(menu.LoadMenuIndirect(t.data()));
-        ASSERT_EQ(3u, menu.GetMenuItemCount());
-        EXPECT_EQ(300u, menu.GetMenuItemID(0));
-        EXPECT_TRUE(menu.GetMenuState(1, MF_BYPOSITION) & MF_SEPARATOR);
-        CString s;
-        menu.GetMenuString(2, s, MF_BYPOSITION);
-        EXPECT_STREQ(_T("Sub"), (LPCTSTR)s);
-        CMenu* pSub = menu.GetSubMenu(2);
-        ASSERT_NE(nullptr, pSub);
-        EXPECT_EQ(301u, pSub->GetMenuItemID(0));
-        pSub->GetMenuString(0, s, MF_BYPOSITION);
-        EXPECT_STREQ(_T("Beta"), (LPCTSTR)s);
-        CMenu::DeleteTempMap();
-
-        CMenu missing;
-        EXPECT_FALSE(missing.LoadMenu(31999));
-        EXPECT_EQ(nullptr, missing.m_hMenu);
-        EXPECT_FALSE(missing.LoadMenu(_T("NO_SUCH_MENU")));
-        EXPECT_EQ(nullptr, missing.m_hMenu);
-    });
-}
-
-TEST(ControlsMenu, TrackPopupMenuReturnsOrPostsTheChoice)
-{
-    RunRepeated([] {
-        TestParent parent;
-        ASSERT_TRUE(parent.CreateFrame());
-        CMenu menu;
-        BuildSampleMenu(menu);
-        hytest::PopupMenuRecorder popups;
-
-        popups.Choose(101);
-        EXPECT_EQ(101, menu.TrackPopupMenu(TPM_RETURNCMD | TPM_RIGHTBUTTON, 30, 40, &parent));
-        ASSERT_EQ(1, popups.Count());
-        EXPECT_EQ(menu.m_hMenu, popups.Calls()[0].menu);
-        EXPECT_EQ(parent.m_hWnd, popups.Calls()[0].owner);
-        EXPECT_EQ(30, popups.Calls()[0].x);
-        EXPECT_EQ(40, popups.Calls()[0].y);
-        hytest::PumpMessages();
-        EXPECT_TRUE(parent.commands.empty());   // returned, not sent
-
-        // Dismissed: 0.
-        EXPECT_EQ(0, menu.TrackPopupMenu(TPM_RETURNCMD, 0, 0, &parent));
-
-        // Without TPM_RETURNCMD the owner receives the command.
-        popups.Choose(200);
-        EXPECT_TRUE(menu.TrackPopupMenu(TPM_LEFTALIGN, 5, 5, &parent));
-        hytest::PumpMessages();
-        ASSERT_EQ(1u, parent.commands.size());
-        EXPECT_EQ(200u, parent.commands[0]);
-
-        TPMPARAMS tpm = {};
-        tpm.cbSize = sizeof(tpm);
-        ::SetRect(&tpm.rcExclude, 0, 0, 10, 10);
-        popups.Choose(100);
-        EXPECT_EQ(100, menu.TrackPopupMenuEx(TPM_RETURNCMD, 7, 8, &parent, &tpm));
-        ASSERT_EQ(4, popups.Count());
-        EXPECT_EQ(7, popups.Calls()[3].x);
-    });
-}
-
-class OwnerDrawMenu : public CMenu
-{
-public:
-    std::vector<UINT> drawn;
-    std::vector<ULONG_PTR> measured;
-    void DrawItem(LPDRAWITEMSTRUCT lpDIS) override { drawn.push_back(lpDIS->itemID); }
-    void MeasureItem(LPMEASUREITEMSTRUCT lpMIS) override
-    {
-        measured.push_back(lpMIS->itemData);
-        lpMIS->itemWidth = 80;
-        lpMIS->itemHeight = 18;
-    }
-};
-
-TEST(ControlsMenu, OwnerDrawItemsReachTheirMenu)
-{
-    RunRepeated([] {
-        OwnerDrawMenu colours;
-        ASSERT_TRUE(colours.CreatePopupMenu());
-        colours.AppendMenu(MF_OWNERDRAW, 600, (LPCTSTR)(ULONG_PTR)0xA1);
-        colours.AppendMenu(MF_OWNERDRAW, 601, (LPCTSTR)(ULONG_PTR)0xA2);
-        CMenu plain;
-        ASSERT_TRUE(plain.CreatePopupMenu());
-        plain.AppendMenu(MF_STRING, 601, _T("same id, not owner-drawn"));
-
-        // Through a real parent: its dispatch hands menu items to their CMenu.
         CWnd parent;
-        ASSERT_TRUE(parent.CreateEx(0, nullptr, _T("menu owner"), WS_POPUP, CRect(0, 0, 50, 50), nullptr, 0));
-        auto send = [&](UINT msg, void* p) { return parent.SendMessage(msg, 0, (LPARAM)p); };
-
-        MEASUREITEMSTRUCT mis = {};
-        mis.CtlType = ODT_MENU;
-        mis.itemID = 601;
-        mis.itemData = 0xA2;
-        EXPECT_EQ(TRUE, send(WM_MEASUREITEM, &mis));
-        ASSERT_EQ(1u, colours.measured.size());
-        EXPECT_EQ(0xA2u, colours.measured[0]);
-        EXPECT_EQ(80u, mis.itemWidth);
-        EXPECT_EQ(18u, mis.itemHeight);
-
-        mis.itemData = 0xA9;   // no item carries this data
-        EXPECT_EQ(0, send(WM_MEASUREITEM, &mis));
-        mis.CtlType = ODT_LISTBOX;
-        mis.itemData = 0xA2;
-        EXPECT_EQ(0, send(WM_MEASUREITEM, &mis));
-        EXPECT_EQ(1u, colours.measured.size());
-
-        DRAWITEMSTRUCT dis = {};
-        dis.CtlType = ODT_MENU;
-        dis.itemID = 600;
-        dis.hwndItem = (HWND)colours.m_hMenu;
-        EXPECT_EQ(TRUE, send(WM_DRAWITEM, &dis));
-        ASSERT_EQ(1u, colours.drawn.size());
-        EXPECT_EQ(600u, colours.drawn[0]);
-
-        // A menu without a permanent wrapper is left to the window.
-        HMENU loose = colours.Detach();
-        EXPECT_FALSE(CMenu::HandleOwnerDraw(WM_DRAWITEM, (LPARAM)&dis));
-        parent.DestroyWindow();
-        ::DestroyMenu(loose);
+        ASSERT_TRUE(CreateParent(parent));
+        OwnerDrawn<CListBox> list;
+        // No LBS_HASSTRINGS: AddString's argument is the item data.
+        ASSERT_TRUE(list.Create(WS_CHILD | LBS_OWNERDRAWFIXED | LBS_SORT, kCtrlRect, &parent, 205));
+        for (DWORD_PTR d : { 30, 10, 20, 5 })
+            list.AddString((LPCTSTR)d);
+        std::vector<DWORD_PTR> order;
+        for (int i = 0; i < list.GetCount(); ++i)
+            order.push_back(list.GetItemData(i));
+        EXPECT_EQ((std::vector<DWORD_PTR>{ 5, 10, 20, 30 }), order);
+        list.DestroyWindow();
+        EXPECT_EQ(4u, list.deleted.size());
     });
 }
 
