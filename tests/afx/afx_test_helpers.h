@@ -43,3 +43,20 @@ inline void WarmUpStandardControls()
     while (::PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE))
         ::DispatchMessageA(&msg);
 }
+
+// A white 32-bit memory surface (the harness renderer) drawn on through a CDC.
+class Canvas : public hytest::Renderer
+{
+public:
+    Canvas(int width, int height, COLORREF fill = RGB(255, 255, 255)) : Renderer(width, height)
+    {
+        Fill(fill);
+        m_dc.Attach(Renderer::dc());
+    }
+    ~Canvas() { m_dc.Detach(); }
+    CDC& dc() { return m_dc; }
+    int CountAll(COLORREF colour) const { return Count(RECT{ 0, 0, width(), height() }, colour); }
+
+private:
+    CDC m_dc;
+};

@@ -1,13 +1,17 @@
-// The GDI wrappers against the raw calls they stand for: state set through a
-// CDC whose output and attribute DCs are two different surfaces, queries that
-// must read the attribute DC, and region combinations whose operand order
-// matters.
+// The GDI wrappers against the raw calls they stand for: drawing through a
+// CDC on one surface and through the raw calls on a twin surface must give
+// the same pixels and answers; state set through a CDC whose output and
+// attribute DCs are two different surfaces; queries that must read the
+// attribute DC; region combinations whose operand order matters.
 #include <gtest/gtest.h>
 
 #include "afxgdi.h"
+#include "afxstr.h"
 #include "hytest.h"
+#include "afx_test_helpers.h"
 
 #include <functional>
+#include <vector>
 
 namespace {
 
@@ -120,4 +124,162 @@ TEST(GdiTwin, RegionCombinationsMatchTheRawCallOperandForOperand)
         ::DeleteObject(rawB);
         ::DeleteObject(raw);
     }
+}
+
+namespace {
+
+constexpr COLORREF kRed = RGB(255, 0, 0);
+constexpr COLORREF kBlue = RGB(0, 0, 255);
+
+int Pack(const RECT& r) { return ((r.left * 64 + r.top) * 64 + r.right) * 64 + r.bottom; }
+int Pack(POINT p) { return p.x * 64 + p.y; }
+int Pack(SIZE s) { return s.cx * 1024 + s.cy; }
+
+// A drawing call through the wrapper and the raw calls it stands for; each
+// answers what its calls answered.
+struct DrawRow
+{
+    const char* what;
+    std::function<int(CDC&)> wrapper;
+    std::function<int(HDC)> raw;
+};
+
+}  // namespace
+
+TEST(GdiTwin, DrawingThroughTheWrapperMatchesTheRawCallPixelForPixel)
+{
+    hytest::ObjectGuard guard;
+    CBrush red(kRed);
+    CPen bluePen(PS_SOLID, 1, kBlue);
+    CFont font;
+    ASSERT_TRUE(font.CreatePointFont(100, "Arial"));
+    CRgn clip, more;
+    clip.CreateRectRgn(0, 0, 10, 10);
+    more.CreateRectRgn(5, 5, 20, 20);
+    const CRect box(3, 3, 33, 19), frame(2, 2, 22, 12);
+    const std::vector<DrawRow> rows = {
+        { "FrameRect", [&](CDC& d) { d.FrameRect(box, &red); return 0; },
+          [&](HDC h) { return ::FrameRect(h, &box, red) ? 0 : -1; } },
+        { "FillRect", [&](CDC& d) { d.FillRect(box, &red); return 0; },
+          [&](HDC h) { return ::FillRect(h, &box, red) ? 0 : -1; } },
+        { "FillSolidRect", [&](CDC& d) { d.FillSolidRect(5, 6, 7, 8, kBlue); return (int)d.GetBkColor(); },
+          [&](HDC h) {
+              RECT r = { 5, 6, 12, 14 };
+              ::SetBkColor(h, kBlue);
+              ::ExtTextOut(h, 0, 0, ETO_OPAQUE, &r, nullptr, 0, nullptr);
+              return (int)::GetBkColor(h);   // deliberately left set
+          } },
+        { "InvertRect", [&](CDC& d) { d.FillRect(frame, &red); d.InvertRect(box); return 0; },
+          [&](HDC h) { ::FillRect(h, &frame, red); ::InvertRect(h, &box); return 0; } },
+        { "DrawFocusRect", [&](CDC& d) { d.DrawFocusRect(frame); return 0; },
+          [&](HDC h) { return ::DrawFocusRect(h, &frame) ? 0 : -1; } },
+        { "DrawEdge", [&](CDC& d) { CRect r(box); d.DrawEdge(r, EDGE_SUNKEN, BF_RECT | BF_ADJUST); return Pack(r); },
+          [&](HDC h) { RECT r = box; ::DrawEdge(h, &r, EDGE_SUNKEN, BF_RECT | BF_ADJUST); return Pack(r); } },
+        { "MoveTo and LineTo",
+          [&](CDC& d) {
+              d.SelectObject(&bluePen);
+              d.MoveTo(2, 5);
+              int old = Pack(d.MoveTo(CPoint(1, 1)));
+              d.LineTo(11, 7);
+              return old * 4096 + Pack(d.GetCurrentPosition());
+          },
+          [&](HDC h) {
+              ::SelectObject(h, bluePen);
+              POINT old, now;
+              ::MoveToEx(h, 2, 5, nullptr);
+              ::MoveToEx(h, 1, 1, &old);
+              ::LineTo(h, 11, 7);
+              ::GetCurrentPositionEx(h, &now);
+              return Pack(old) * 4096 + Pack(now);
+          } },
+        { "Rectangle", [&](CDC& d) { d.SelectObject(&bluePen); return (int)d.Rectangle(box); },
+          [&](HDC h) { ::SelectObject(h, bluePen); return (int)::Rectangle(h, 3, 3, 33, 19); } },
+        { "TextOut opaque",
+          [&](CDC& d) {
+              d.SetBkColor(kBlue);
+              d.SetTextColor(kRed);
+              return (int)d.TextOut(2, 2, CString("Ab"));
+          },
+          [&](HDC h) {
+              ::SetBkColor(h, kBlue);
+              ::SetTextColor(h, kRed);
+              return (int)::TextOut(h, 2, 2, "Ab", 2);
+          } },
+        { "ExtTextOut", [&](CDC& d) { return (int)d.ExtTextOut(1, 1, ETO_OPAQUE | ETO_CLIPPED, frame, CString("Wide text"), nullptr); },
+          [&](HDC h) { return (int)::ExtTextOut(h, 1, 1, ETO_OPAQUE | ETO_CLIPPED, &frame, "Wide text", 9, nullptr); } },
+        { "DrawText",
+          [&](CDC& d) {
+              CDCSelect sel(d, &font);
+              CRect calc(0, 0, 0, 0), r(frame);
+              d.DrawText("Hello", -1, calc, DT_SINGLELINE | DT_CALCRECT);
+              return d.DrawText(CString("WWWWWWWWWWWW"), r, DT_SINGLELINE | DT_VCENTER | DT_CENTER) * 4096 +
+                     Pack(calc) + Pack(d.GetTextExtent("Hello", 5));
+          },
+          [&](HDC h) {
+              HGDIOBJ old = ::SelectObject(h, font);
+              RECT calc = {}, r = frame;
+              SIZE extent;
+              ::DrawText(h, "Hello", -1, &calc, DT_SINGLELINE | DT_CALCRECT);
+              ::GetTextExtentPoint32(h, "Hello", 5, &extent);
+              int height = ::DrawText(h, "WWWWWWWWWWWW", -1, &r, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
+              ::SelectObject(h, old);
+              return height * 4096 + Pack(calc) + Pack(extent);
+          } },
+        { "IntersectClipRect and ExcludeClipRect",
+          [&](CDC& d) {
+              int a = d.IntersectClipRect(CRect(5, 5, 15, 15)), b = d.ExcludeClipRect(8, 8, 10, 10);
+              d.FillRect(box, &red);
+              return a * 16 + b + (d.PtVisible(5, 5) ? 256 : 0) + (d.RectVisible(CRect(15, 0, 20, 20)) ? 512 : 0);
+          },
+          [&](HDC h) {
+              int a = ::IntersectClipRect(h, 5, 5, 15, 15), b = ::ExcludeClipRect(h, 8, 8, 10, 10);
+              RECT outside = { 15, 0, 20, 20 };
+              ::FillRect(h, &box, red);
+              return a * 16 + b + (::PtVisible(h, 5, 5) ? 256 : 0) + (::RectVisible(h, &outside) ? 512 : 0);
+          } },
+        { "SelectClipRgn",
+          [&](CDC& d) {
+              d.IntersectClipRect(20, 20, 30, 30);
+              int a = d.SelectClipRgn(&clip), b = d.SelectClipRgn(&more, RGN_AND);
+              CRect r;
+              d.GetClipBox(&r);
+              d.FillRect(box, &red);
+              return (a * 16 + b) * 65536 + Pack(r);
+          },
+          [&](HDC h) {
+              ::IntersectClipRect(h, 20, 20, 30, 30);
+              int a = ::SelectClipRgn(h, clip), b = ::ExtSelectClipRgn(h, more, RGN_AND);
+              RECT r;
+              ::GetClipBox(h, &r);
+              ::FillRect(h, &box, red);
+              return (a * 16 + b) * 65536 + Pack(r);
+          } },
+        { "SelectObject of a region", [&](CDC& d) { int t = d.SelectObject(&more); d.FillRect(box, &red); return t; },
+          [&](HDC h) { int t = (int)(INT_PTR)::SelectObject(h, more); ::FillRect(h, &box, red); return t; } },
+        { "viewport origin",
+          [&](CDC& d) {
+              int a = Pack(d.SetViewportOrg(5, 6)), b = Pack(d.OffsetViewportOrg(1, 1));
+              d.FillRect(CRect(0, 0, 3, 3), &red);
+              return a * 4096 + b + Pack(d.GetViewportOrg()) * 65536;
+          },
+          [&](HDC h) {
+              POINT a, b, now;
+              RECT r = { 0, 0, 3, 3 };
+              ::SetViewportOrgEx(h, 5, 6, &a);
+              ::OffsetViewportOrgEx(h, 1, 1, &b);
+              ::FillRect(h, &r, red);
+              ::GetViewportOrgEx(h, &now);
+              return Pack(a) * 4096 + Pack(b) + Pack(now) * 65536;
+          } },
+    };
+    for (const DrawRow& row : rows) {
+        SCOPED_TRACE(row.what);
+        Canvas wrapped(40, 24), raw(40, 24);
+        const std::vector<DWORD> blank = wrapped.Pixels();
+        int answered = row.wrapper(wrapped.dc());
+        EXPECT_EQ(row.raw(raw.dc().m_hDC), answered);
+        EXPECT_NE(blank, raw.Pixels());   // the row draws something
+        EXPECT_EQ(raw.Pixels(), wrapped.Pixels());
+    }
+    AfxDeleteTempGdiMaps();
 }

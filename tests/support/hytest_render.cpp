@@ -68,6 +68,12 @@ void Renderer::Fill(COLORREF colour)
     std::fill(m_bits, m_bits + static_cast<size_t>(m_width) * m_height, ToPixel(colour));
 }
 
+std::vector<DWORD> Renderer::Pixels() const
+{
+    GdiFlush();
+    return std::vector<DWORD>(m_bits, m_bits + static_cast<size_t>(m_width) * m_height);
+}
+
 void Renderer::Render(HWND hwnd, PaintMode mode, COLORREF fill)
 {
     Fill(fill);

@@ -4,6 +4,8 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace hytest {
 
 // How a window is asked to paint into the memory DC.
@@ -51,6 +53,8 @@ public:
     int Count(const RECT& r, COLORREF colour) const;
     bool RowContains(int y, int x0, int x1, COLORREF colour) const;  // x0..x1 inclusive
     COLORREF Dominant(const RECT& r) const;
+    // Every pixel, row by row: two renderings compare equal pixel for pixel.
+    std::vector<DWORD> Pixels() const;
     // Every pixel of r has the colour; the failure names the first offender,
     // the number of differing pixels and the dominant colour.
     ::testing::AssertionResult AllPixels(const RECT& r, COLORREF colour) const;
