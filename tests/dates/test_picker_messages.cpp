@@ -3,6 +3,7 @@
 #include "picker_fixture.h"
 
 #include <afxdisp.h>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,66 +11,85 @@ using hytest::Expect;
 
 // ---- clicks and drags --------------------------------------------------------
 
-TEST_F(PickerTest, ClickOnADayReportsItAtTheButtonUpOnly)
+// One press on a target of a fresh picker (three calendars from the given
+// month, 15th highlighted): what the notify window and the parent are told,
+// and where the display, the highlight and the beeps end up.
+struct ClickRow
 {
-    Create();
-    const CPoint at = DayPoint(2005, 11, 20);
-    hytest::MouseDown(picker, at.x, at.y);
-    ExpectHighlight(2005, 11, 20);
-    EXPECT_TRUE(notify.Matches({}));
-    hytest::MouseUp(picker, at.x, at.y);
-    EXPECT_TRUE(notify.Matches({Sel(2005, 11, 20)}));
-    EXPECT_TRUE(parent.Matches({}));
-}
+    const char* what;
+    int month, year;
+    bool withNotify;
+    enum { kDown, kClick, kDoubleClick } action;
+    std::function<CPoint()> at;
+    std::vector<Expect> toNotify, toParent;
+    int displayMonth, displayYear;
+    int year2, month2, day2;   // the highlight afterwards
+    int beeps;
+};
 
-TEST_F(PickerTest, WithoutANotifyWindowTheParentIsTold)
+TEST_F(PickerTest, ClicksReportDisplayAndHighlightAsTheTableSays)
 {
-    Create(3, 1, 11, 2005, false);
-    const CPoint at = DayPoint(2005, 12, 3);
-    hytest::Click(picker, at.x, at.y);
-    EXPECT_TRUE(parent.Matches({Sel(2005, 12, 3)}));
-}
-
-TEST_F(PickerTest, NeighbouringDayIsReportedAtButtonDownAndAgainAtButtonUp)
-{
-    Create();
-    // 2 December shown greyed in November's grid: December is already shown.
-    const CPoint at = DayPoint(2005, 12, 2, 0);
-    hytest::Click(picker, at.x, at.y);
-    EXPECT_TRUE(notify.Matches({Sel(2005, 12, 2), Sel(2005, 12, 2)}));
-    ExpectDisplay(11, 2005);
-}
-
-TEST_F(PickerTest, DayAfterTheLastCalendarMovesTheDisplayOneMonth)
-{
-    Create();
-    const CPoint at = DayPoint(2006, 2, 1, 2);   // greyed in January 2006
-    hytest::Click(picker, at.x, at.y);
-    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2006, 2, 1), Sel(2006, 2, 1)}));
-    ExpectDisplay(12, 2005);
-    ExpectHighlight(2006, 2, 1);
-}
-
-TEST_F(PickerTest, DayBeforeTheFirstCalendarMakesItsMonthTheFirst)
-{
-    Create();
-    const CPoint at = DayPoint(2005, 10, 31, 0);
-    hytest::Click(picker, at.x, at.y);
-    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2005, 10, 31), Sel(2005, 10, 31)}));
-    ExpectDisplay(10, 2005);
-}
-
-TEST_F(PickerTest, NeighbouringDayOutsideTheYearLimitsBeeps)
-{
-    Create(3, 1, 1, 1970);
-    hytest::BeepRecorder beeps;
-    const CPoint at = DayPoint(1969, 12, 31, 0);
-    hytest::MouseDown(picker, at.x, at.y);
-    EXPECT_EQ(beeps.Count(), 1);
-    ExpectDisplay(1, 1970);
-    // The highlight did not move, so the report carries the old day.
-    EXPECT_TRUE(notify.Matches({Sel(1970, 1, 15)}));
-    hytest::MouseUp(picker, at.x, at.y);
+    auto day = [this](int y, int m, int d, int index = -1) { return [=, this] { return DayPoint(y, m, d, index); }; };
+    auto part = [this](int cal, HyRect HyCalParts::*which) { return [=, this] { return Centre(Parts(cal).*which); }; };
+    const Expect chosenMonth = {HYWM_DATEPICKER_CHOSEN, 0x30000, 0, hytest::kPosted};
+    const std::vector<ClickRow> rows = {
+        {"a day: nothing at the button-down", 11, 2005, true, ClickRow::kDown, day(2005, 11, 20), {}, {}, 11, 2005, 2005, 11, 20, 0},
+        {"a day: reported at the button-up", 11, 2005, true, ClickRow::kClick, day(2005, 11, 20), {Sel(2005, 11, 20)}, {}, 11, 2005, 2005, 11, 20, 0},
+        {"without a notify window the parent is told", 11, 2005, false, ClickRow::kClick, day(2005, 12, 3), {}, {Sel(2005, 12, 3)}, 11, 2005, 2005, 12, 3, 0},
+        {"a neighbouring day already shown: down and up", 11, 2005, true, ClickRow::kClick, day(2005, 12, 2, 0),
+         {Sel(2005, 12, 2), Sel(2005, 12, 2)}, {}, 11, 2005, 2005, 12, 2, 0},
+        {"a day after the last calendar moves one month", 11, 2005, true, ClickRow::kClick, day(2006, 2, 1, 2),
+         {MonthsChanged(), Sel(2006, 2, 1), Sel(2006, 2, 1)}, {}, 12, 2005, 2006, 2, 1, 0},
+        {"a day before the first calendar makes its month first", 11, 2005, true, ClickRow::kClick, day(2005, 10, 31, 0),
+         {MonthsChanged(), Sel(2005, 10, 31), Sel(2005, 10, 31)}, {}, 10, 2005, 2005, 10, 31, 0},
+        {"a neighbouring day beyond the limits beeps; the old day is reported", 1, 1970, true, ClickRow::kDown,
+         day(1969, 12, 31, 0), {Sel(1970, 1, 15)}, {}, 1, 1970, 1970, 1, 15, 1},
+        {"a double-click posts chosen between the reports", 11, 2005, false, ClickRow::kDoubleClick, day(2005, 11, 22),
+         {}, {Sel(2005, 11, 22), Chosen(HYPART_DAY_GRID), Sel(2005, 11, 22)}, 11, 2005, 2005, 11, 22, 0},
+        {"a double-click on a greyed day does not confirm", 11, 2005, true, ClickRow::kDoubleClick, day(2005, 12, 1, 0),
+         {Sel(2005, 12, 1), Sel(2005, 12, 1), Sel(2005, 12, 1), Sel(2005, 12, 1)}, {}, 11, 2005, 2005, 12, 1, 0},
+        {"a double-click on the header does not confirm", 11, 2005, true, ClickRow::kDoubleClick,
+         part(1, &HyCalParts::prevArrow), {}, {}, 11, 2005, 2005, 11, 15, 0},
+        {"the next arrow: nothing at the button-down", 11, 2005, true, ClickRow::kDown, part(2, &HyCalParts::nextArrow),
+         {}, {}, 11, 2005, 2005, 11, 15, 0},
+        {"the next arrow steps at the button-up, the highlight keeps its calendar", 11, 2005, true, ClickRow::kClick,
+         part(2, &HyCalParts::nextArrow), {MonthsChanged(), Sel(2005, 12, 15)}, {}, 12, 2005, 2005, 12, 15, 0},
+        {"the previous arrow; November still shown keeps the highlight", 11, 2005, true, ClickRow::kClick,
+         part(0, &HyCalParts::prevArrow), {MonthsChanged(), Sel(2005, 11, 15)}, {}, 10, 2005, 2005, 11, 15, 0},
+        {"the next arrow of a calendar not in the last column", 11, 2005, true, ClickRow::kClick,
+         part(0, &HyCalParts::nextArrow), {}, {}, 11, 2005, 2005, 11, 15, 0},
+        {"the next arrow beyond the last year beeps", 10, 2031, true, ClickRow::kClick, part(2, &HyCalParts::nextArrow),
+         {}, {}, 10, 2031, 2031, 10, 15, 1},
+        {"the month caption selects its month, no menu", 11, 2005, true, ClickRow::kClick,
+         part(1, &HyCalParts::monthCaption), {Sel(2005, 12, 15)}, {chosenMonth}, 11, 2005, 2005, 12, 15, 0},
+        {"the year caption selects its month", 11, 2005, true, ClickRow::kClick, part(2, &HyCalParts::yearCaption),
+         {Sel(2006, 1, 15)}, {Chosen(HYPART_YEAR_CAPTION)}, 11, 2005, 2006, 1, 15, 0},
+    };
+    for (const ClickRow& row : rows) {
+        SCOPED_TRACE(row.what);
+        if (picker.m_hWnd)
+            picker.DestroyWindow();
+        Create(3, 1, row.month, row.year, row.withNotify);
+        picker.SetNotifyWindow(row.withNotify ? &notifyWnd : nullptr);   // the object outlives its window
+        hytest::BeepRecorder beeps;
+        hytest::PopupMenuRecorder menus;
+        const CPoint at = row.at();
+        if (row.action == ClickRow::kDown)
+            hytest::MouseDown(picker, at.x, at.y);
+        else if (row.action == ClickRow::kClick)
+            hytest::Click(picker, at.x, at.y);
+        else
+            hytest::DoubleClick(picker, at.x, at.y);
+        hytest::PumpMessages();
+        EXPECT_TRUE(notify.Matches(row.toNotify));
+        EXPECT_TRUE(parent.Matches(row.toParent));
+        ExpectDisplay(row.displayMonth, row.displayYear);
+        ExpectHighlight(row.year2, row.month2, row.day2);
+        EXPECT_EQ(row.beeps, beeps.Count());
+        EXPECT_EQ(0, menus.Count());
+        if (row.action == ClickRow::kDown)
+            hytest::MouseUp(picker, at.x, at.y);
+    }
 }
 
 TEST_F(PickerTest, DragFollowsTheMouseAndSnapsBackBeyondFortyPixels)
@@ -131,30 +151,6 @@ TEST_F(PickerTest, MouseWheelStepsWholeNotchesAndBeepsBeyondTheLimits)
     EXPECT_TRUE(notify.Matches({}));
 }
 
-TEST_F(PickerTest, DoubleClickOnADayPostsChosenToTheParentBetweenTheReports)
-{
-    Create(3, 1, 11, 2005, false);
-    const CPoint at = DayPoint(2005, 11, 22);
-    hytest::DoubleClick(picker, at.x, at.y);
-    EXPECT_TRUE(parent.Matches({Sel(2005, 11, 22), Chosen(HYPART_DAY_GRID), Sel(2005, 11, 22)}));
-}
-
-TEST_F(PickerTest, DoubleClickOnAGreyedDayDoesNotConfirm)
-{
-    Create();
-    const CPoint at = DayPoint(2005, 12, 1, 0);
-    hytest::DoubleClick(picker, at.x, at.y);
-    EXPECT_EQ(parent.Count(HYWM_DATEPICKER_CHOSEN), 0u);
-}
-
-TEST_F(PickerTest, DoubleClickOnTheHeaderDoesNotConfirm)
-{
-    Create();
-    const CPoint at = Centre(Parts(1).prevArrow);   // only header: not the first column
-    hytest::DoubleClick(picker, at.x, at.y);
-    EXPECT_EQ(parent.Count(HYWM_DATEPICKER_CHOSEN), 0u);
-}
-
 TEST_F(PickerTest, DoubleClickJudgesTheDayUnderThePointAfterItsOwnButtonDown)
 {
     Create(3, 1, 9, 2005, false);
@@ -169,28 +165,6 @@ TEST_F(PickerTest, DoubleClickJudgesTheDayUnderThePointAfterItsOwnButtonDown)
 }
 
 // ---- header arrows and captions ---------------------------------------------
-
-TEST_F(PickerTest, NextArrowMovesTheMonthsAtTheButtonUp)
-{
-    Create();
-    const CPoint at = Centre(Parts(2).nextArrow);
-    hytest::MouseDown(picker, at.x, at.y);
-    ExpectDisplay(11, 2005);
-    hytest::MouseUp(picker, at.x, at.y);
-    ExpectDisplay(12, 2005);
-    // The highlight keeps its calendar and its day number.
-    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2005, 12, 15)}));
-}
-
-TEST_F(PickerTest, PreviousArrowStepsBackOneMonth)
-{
-    Create();
-    const CPoint at = Centre(Parts(0).prevArrow);
-    hytest::Click(picker, at.x, at.y);
-    ExpectDisplay(10, 2005);
-    // November is still shown (now second), so the highlight stays on it.
-    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2005, 11, 15)}));
-}
 
 TEST_F(PickerTest, TheArrowUnderTheReleaseActsWhereverThePressBegan)
 {
@@ -207,48 +181,6 @@ TEST_F(PickerTest, TheArrowUnderTheReleaseActsWhereverThePressBegan)
     ExpectDisplay(1, 2006);
 }
 
-TEST_F(PickerTest, NextArrowOfACalendarNotInTheLastColumnDoesNothing)
-{
-    Create();
-    EXPECT_EQ(picker.PtToFocus(0, Centre(Parts(0).nextArrow)), HYPART_HEADER);
-    const CPoint at = Centre(Parts(0).nextArrow);
-    hytest::Click(picker, at.x, at.y);
-    ExpectDisplay(11, 2005);
-    EXPECT_TRUE(notify.Matches({}));
-}
-
-TEST_F(PickerTest, NextArrowBeyondTheLastYearBeeps)
-{
-    Create(3, 1, 10, 2031);
-    hytest::BeepRecorder beeps;
-    const CPoint at = Centre(Parts(2).nextArrow);
-    hytest::Click(picker, at.x, at.y);
-    EXPECT_EQ(beeps.Count(), 1);
-    ExpectDisplay(10, 2031);
-    EXPECT_TRUE(notify.Matches({}));
-}
-
-TEST_F(PickerTest, MonthCaptionSelectsItsMonthAndPostsChosenWithoutAMenu)
-{
-    Create();
-    hytest::PopupMenuRecorder menus;
-    const CPoint at = Centre(Parts(1).monthCaption);
-    hytest::Click(picker, at.x, at.y);
-    EXPECT_EQ(menus.Count(), 0);
-    ExpectHighlight(2005, 12, 15);
-    EXPECT_TRUE(notify.Matches({Sel(2005, 12, 15)}));
-    EXPECT_TRUE(parent.Matches({{HYWM_DATEPICKER_CHOSEN, 0x30000, 0, hytest::kPosted}}));
-}
-
-TEST_F(PickerTest, YearCaptionSelectsItsMonthAndPostsChosen)
-{
-    Create();
-    const CPoint at = Centre(Parts(2).yearCaption);
-    hytest::Click(picker, at.x, at.y);
-    ExpectHighlight(2006, 1, 15);
-    EXPECT_TRUE(parent.Matches({Chosen(HYPART_YEAR_CAPTION)}));
-}
-
 // ---- menus ---------------------------------------------------------------------
 
 class PickerMenuTest : public PickerTest
@@ -261,84 +193,63 @@ protected:
     }
 };
 
-TEST_F(PickerMenuTest, MonthMenuListsNineMonthsAroundTheCalendarsOwn)
+std::string MonthText(int year, int month)
 {
-    CreateWithMenus(11, 2005);
-    hytest::PopupMenuRecorder menus;
-    menus.Choose(7);   // February 2006
-    const HyRect caption = Parts(1).monthCaption;
-    const CPoint at = Centre(caption);
-    hytest::Click(picker, at.x, at.y);
-    ASSERT_EQ(menus.Count(), 1);
-    const hytest::PopupMenuCall& call = menus.Calls()[0];
-    EXPECT_EQ(call.flags, 416u);
-    CPoint expected(caption.left, caption.bottom + 2);
-    picker.ClientToScreen(&expected);
-    EXPECT_EQ(call.x, expected.x);
-    EXPECT_EQ(call.y, expected.y);
-    ASSERT_EQ(call.items.size(), 9u);
-    for (UINT i = 0; i < 9; ++i)
-    {
-        EXPECT_EQ(call.items[i].id, i + 1);
-        EXPECT_EQ(call.items[i].checked(), i == 4) << i;   // December 2005, the calendar's own
-    }
-    EXPECT_EQ(call.items[0].text, (LPCTSTR)COleDateTime(2005, 8, 1, 0, 0, 0).Format(_T("%B %Y")));
-    // February 2006 is two months after the clicked December: the display moves by two.
-    ExpectDisplay(1, 2006);
-    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2006, 1, 15)}));
+    return (LPCTSTR)COleDateTime(year, month, 1, 0, 0, 0).Format(_T("%B %Y"));
 }
 
-TEST_F(PickerMenuTest, MonthMenuOnTheFirstSelectableMonthsStillHasNineEntries)
+// A caption's menu: nine entries around the calendar's own month or year,
+// shown below the caption; the chosen entry (0: dismissed) moves the display.
+struct MenuRow
 {
-    CreateWithMenus(1, 1970);
-    hytest::PopupMenuRecorder menus;
-    const CPoint at = Centre(Parts(0).monthCaption);
-    hytest::Click(picker, at.x, at.y);
-    ASSERT_EQ(menus.Count(), 1);
-    const auto& items = menus.Calls()[0].items;
-    ASSERT_EQ(items.size(), 9u);
-    for (UINT i = 0; i < 9; ++i)
-    {
-        EXPECT_EQ(items[i].id, i + 1);
-        EXPECT_EQ(items[i].text, (LPCTSTR)COleDateTime(1970, i + 1, 1, 0, 0, 0).Format(_T("%B %Y")));
-    }
-    EXPECT_TRUE(items[0].checked());
-    // Dismissed: nothing changes and nothing is reported.
-    ExpectDisplay(1, 1970);
-    EXPECT_TRUE(notify.Matches({}));
-}
+    const char* what;
+    int month, year, calendar;
+    HyRect HyCalParts::*caption;
+    UINT choose, flags;
+    std::string first, last;
+    UINT checked;
+    int displayMonth, displayYear;
+    std::vector<Expect> toNotify;
+};
 
-TEST_F(PickerMenuTest, YearMenuStepsByTwelveMonthsAndMovesByWholeYears)
+TEST_F(PickerMenuTest, CaptionMenusListNineEntriesAndMoveTheDisplay)
 {
-    CreateWithMenus(11, 2005);
-    hytest::PopupMenuRecorder menus;
-    menus.Choose(9);   // 2009
-    const CPoint at = Centre(Parts(0).yearCaption);
-    hytest::Click(picker, at.x, at.y);
-    ASSERT_EQ(menus.Count(), 1);
-    const hytest::PopupMenuCall& call = menus.Calls()[0];
-    EXPECT_EQ(call.flags, 424u);
-    ASSERT_EQ(call.items.size(), 9u);
-    for (UINT i = 0; i < 9; ++i)
-    {
-        EXPECT_EQ(call.items[i].text, std::to_string(2001 + i));
-        EXPECT_EQ(call.items[i].checked(), i == 4);
+    const std::vector<MenuRow> rows = {
+        {"months around December; February 2006 moves two months", 11, 2005, 1, &HyCalParts::monthCaption, 7, 416,
+         MonthText(2005, 8), MonthText(2006, 4), 4, 1, 2006, {MonthsChanged(), Sel(2006, 1, 15)}},
+        {"the first selectable months still give nine; dismissed", 1, 1970, 0, &HyCalParts::monthCaption, 0, 416,
+         MonthText(1970, 1), MonthText(1970, 9), 0, 1, 1970, {}},
+        {"years step by twelve months; 2009 moves whole years", 11, 2005, 0, &HyCalParts::yearCaption, 9, 424, "2001",
+         "2009", 4, 11, 2009, {MonthsChanged(), Sel(2009, 11, 15)}},
+        {"years near the last one end on it", 3, 2030, 2, &HyCalParts::yearCaption, 0, 424, "2023", "2031", 7, 3,
+         2030, {}},
+    };
+    for (const MenuRow& row : rows) {
+        SCOPED_TRACE(row.what);
+        if (picker.m_hWnd)
+            picker.DestroyWindow();
+        CreateWithMenus(row.month, row.year);
+        hytest::PopupMenuRecorder menus;
+        menus.Choose(row.choose);
+        const HyRect caption = Parts(row.calendar).*row.caption;
+        const CPoint at = Centre(caption);
+        hytest::Click(picker, at.x, at.y);
+        ASSERT_EQ(menus.Count(), 1);
+        const hytest::PopupMenuCall& call = menus.Calls()[0];
+        EXPECT_EQ(call.flags, row.flags);
+        CPoint below(caption.left, caption.bottom + 2);
+        picker.ClientToScreen(&below);
+        EXPECT_EQ(CPoint(call.x, call.y), below);
+        ASSERT_EQ(call.items.size(), 9u);
+        for (UINT i = 0; i < 9; ++i) {
+            EXPECT_EQ(call.items[i].id, i + 1);
+            EXPECT_EQ(call.items[i].checked(), i == row.checked) << i;
+        }
+        EXPECT_EQ(call.items.front().text, row.first);
+        EXPECT_EQ(call.items.back().text, row.last);
+        ExpectDisplay(row.displayMonth, row.displayYear);
+        EXPECT_TRUE(notify.Matches(row.toNotify));
     }
-    ExpectDisplay(11, 2009);
-    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2009, 11, 15)}));
-}
-
-TEST_F(PickerMenuTest, YearMenuNearTheLastYearEndsOnIt)
-{
-    CreateWithMenus(3, 2030);
-    hytest::PopupMenuRecorder menus;
-    const CPoint at = Centre(Parts(2).yearCaption);   // May 2030, the last calendar
-    hytest::Click(picker, at.x, at.y);
-    ASSERT_EQ(menus.Count(), 1);
-    const auto& items = menus.Calls()[0].items;
-    ASSERT_EQ(items.size(), 9u);
-    EXPECT_EQ(items.back().text, "2031");
-    EXPECT_EQ(items.front().text, "2023");
 }
 
 // ---- keyboard ----------------------------------------------------------------
