@@ -7,7 +7,7 @@
 
 #include "afxcmn.h"
 #include "hytest.h"
-#include "afx_test_helpers.h"
+#include "hytest_afx.h"
 
 #include <vector>
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 #include "hytest.h"
-#include "afx_test_helpers.h"
+#include "hytest_afx.h"
 
 namespace {
 

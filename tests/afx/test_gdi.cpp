@@ -4,7 +4,7 @@
 #include "afxgdi.h"
 #include "afxstr.h"
 #include "hytest.h"
-#include "afx_test_helpers.h"
+#include "hytest_afx.h"
 
 #include <functional>
 #include <memory>

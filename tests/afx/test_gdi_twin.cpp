@@ -8,7 +8,7 @@
 #include "afxgdi.h"
 #include "afxstr.h"
 #include "hytest.h"
-#include "afx_test_helpers.h"
+#include "hytest_afx.h"
 
 #include <functional>
 #include <vector>

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <gtest/gtest-spi.h>
 
-#include "afx_test_helpers.h"
+#include "hytest_afx.h"
 #include "afxtempl.h"
 
 #include <functional>

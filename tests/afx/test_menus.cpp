@@ -5,7 +5,7 @@
 
 #include "afxwin.h"
 #include "hytest.h"
-#include "afx_test_helpers.h"
+#include "hytest_afx.h"
 
 #include <vector>
 

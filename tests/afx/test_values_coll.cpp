@@ -59,7 +59,7 @@ std::string Values(const COLL& coll)
 {
     std::string s;
     for (int i = 0; i < coll.GetSize(); i++)
-        s += (i ? "," : "") + std::to_string(ValueOf(coll.GetAt(i)));
+        s.append(i ? "," : "").append(std::to_string(ValueOf(coll.GetAt(i))));
     return s;
 }
 
@@ -68,7 +68,7 @@ std::string ListValues(const LIST& list)
 {
     std::string s;
     for (POSITION pos = list.GetHeadPosition(); pos != NULL;)
-        s += (s.empty() ? "" : ",") + std::to_string(ValueOf(list.GetNext(pos)));
+        s.append(s.empty() ? "" : ",").append(std::to_string(ValueOf(list.GetNext(pos))));
     return s;
 }
 

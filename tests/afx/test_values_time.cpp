@@ -106,59 +106,12 @@ TEST(ValuesTime, FileTimeIsReadAsUtc)
 
 // ---- COleDateTime ----
 
-TEST(ValuesOleDate, DayCountsOfKnownDates)
+// Day counts and the fields of a value are the calendar core's, tested
+// natively; here the wrapper's arithmetic and queries.
+TEST(ValuesOleDate, ArithmeticCountsANegativeDatesFractionForward)
 {
-    EXPECT_EQ(0.0, COleDateTime(1899, 12, 30, 0, 0, 0).m_dt);
-    EXPECT_EQ(1.0, COleDateTime(1899, 12, 31, 0, 0, 0).m_dt);
-    EXPECT_EQ(2.0, COleDateTime(1900, 1, 1, 0, 0, 0).m_dt);
-    EXPECT_EQ(38596.0, COleDateTime(2005, 9, 1, 0, 0, 0).m_dt);
-    EXPECT_EQ(36585.0, COleDateTime(2000, 2, 29, 0, 0, 0).m_dt);
-    EXPECT_EQ(-657434.0, COleDateTime(100, 1, 1, 0, 0, 0).m_dt);
-    EXPECT_EQ(2958465.0, COleDateTime(9999, 12, 31, 0, 0, 0).m_dt);
-    EXPECT_EQ(38596.75, COleDateTime(2005, 9, 1, 18, 0, 0).m_dt);
-}
-
-TEST(ValuesOleDate, DaysAgreeWithTheAutomationConversion)
-{
-    // Every 37th day over two centuries, at a varying quarter of the day.
-    for (double day = 0; day < 73000; day += 37)
-    {
-        SYSTEMTIME st = {};
-        DATE dtRef = day + ((long)day % 4) / 4.0;
-        ASSERT_TRUE(::VariantTimeToSystemTime(dtRef, &st));
-        COleDateTime dt(st);
-        EXPECT_NEAR(dtRef, dt.m_dt, 1e-9) << day;
-        SYSTEMTIME back;
-        ASSERT_TRUE(dt.GetAsSystemTime(back));
-        EXPECT_EQ(st.wYear, back.wYear);
-        EXPECT_EQ(st.wMonth, back.wMonth);
-        EXPECT_EQ(st.wDay, back.wDay);
-        EXPECT_EQ(st.wDayOfWeek, back.wDayOfWeek) << day;
-        EXPECT_EQ(st.wSecond, back.wSecond);
-    }
-}
-
-TEST(ValuesOleDate, FractionsGiveExactWholeSeconds)
-{
-    ExpectParts(COleDateTime(38596.75), 2005, 9, 1, 18, 0, 0);
-    ExpectParts(COleDateTime(38596.0 + (18 * 3600 + 1) / 86400.0), 2005, 9, 1, 18, 0, 1);
-    ExpectParts(COleDateTime(38596.0 + 86399 / 86400.0), 2005, 9, 1, 23, 59, 59);
-    ExpectParts(COleDateTime(38596.999999999), 2005, 9, 2, 0, 0, 0);
-    for (int nSec = 0; nSec < 86400; nSec += 7)
-    {
-        COleDateTime dt(2005, 9, 1, nSec / 3600, nSec / 60 % 60, nSec % 60);
-        ASSERT_EQ(nSec % 60, dt.GetSecond()) << nSec;
-        ASSERT_EQ(nSec / 60 % 60, dt.GetMinute()) << nSec;
-    }
-}
-
-TEST(ValuesOleDate, NegativeDatesCountTheFractionForward)
-{
-    ExpectParts(COleDateTime(-1.25), 1899, 12, 29, 6, 0, 0);
-    EXPECT_EQ(-1.25, COleDateTime(1899, 12, 29, 6, 0, 0).m_dt);
-    EXPECT_EQ(-1.75, COleDateTime(1899, 12, 29, 18, 0, 0).m_dt);
-    ExpectParts(COleDateTime(-0.5), 1899, 12, 30, 12, 0, 0);
-
+    EXPECT_EQ(5, COleDateTime(2005, 9, 1, 18, 0, 0).GetDayOfWeek());   // Thursday
+    EXPECT_EQ(244, COleDateTime(2005, 9, 1, 18, 0, 0).GetDayOfYear());
     COleDateTime morning(1899, 12, 29, 6, 0, 0);
     COleDateTime evening(1899, 12, 29, 18, 0, 0);
     EXPECT_TRUE(morning < evening);
@@ -169,16 +122,6 @@ TEST(ValuesOleDate, NegativeDatesCountTheFractionForward)
     ExpectParts(crossed, 1899, 12, 30, 6, 0, 0);
     EXPECT_EQ(0.25, crossed.m_dt);
     ExpectParts(crossed - COleDateTimeSpan(1, 0, 0, 0), 1899, 12, 29, 6, 0, 0);
-}
-
-TEST(ValuesOleDate, CalendarQueries)
-{
-    COleDateTime dt(2005, 9, 1, 18, 0, 0);
-    EXPECT_EQ(5, dt.GetDayOfWeek());   // Thursday
-    EXPECT_EQ(244, dt.GetDayOfYear());
-    EXPECT_EQ(366, COleDateTime(2000, 12, 31, 0, 0, 0).GetDayOfYear());
-    EXPECT_EQ(7, COleDateTime(1899, 12, 30, 0, 0, 0).GetDayOfWeek());   // Saturday
-    EXPECT_EQ(1, COleDateTime(100, 1, 1, 0, 0, 0).GetDayOfYear());
 }
 
 TEST(ValuesOleDate, InvalidPartsMakeTheValueInvalid)
@@ -225,7 +168,7 @@ TEST(ValuesOleDate, ConvertsFromSystemAndFileTime)
 
 TEST(ValuesOleDate, FormatUsesTheUserLocaleNames)
 {
-    for (int nMonth = 1; nMonth <= 12; nMonth++)
+    for (int nMonth : { 1, 5, 12 })
     {
         COleDateTime dt(2005, nMonth, 15, 0, 0, 0);
         EXPECT_STREQ((LPCTSTR)LocaleText(LOCALE_SMONTHNAME1 + nMonth - 1), (LPCTSTR)dt.Format("%B"));

@@ -4,7 +4,7 @@
 #include <afxdisp.h>
 #include <gtest/gtest.h>
 #include "hytest.h"
-#include "../afx/afx_test_helpers.h"
+#include "hytest_afx.h"
 #include "HyEditDate.h"
 #include "HyDateHelpers.h"
 #include "HyIntlTime.h"

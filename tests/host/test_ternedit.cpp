@@ -2,7 +2,7 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 #include "hytest.h"
-#include "../afx/afx_test_helpers.h"
+#include "hytest_afx.h"
 #include "HyTernEdit.h"
 
 #include <string>

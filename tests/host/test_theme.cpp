@@ -5,6 +5,7 @@
 #include <afxwin.h>
 #include "HyTheme.h"
 #include "hytest.h"
+#include "hytest_afx.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,25 +14,6 @@ namespace {
 
 const int kNamedIds[] = { HYTHEME_BUTTON, HYTHEME_LIST_SELFRAME, HYTHEME_VIEW, HYTHEME_HEADER, HYTHEME_BODY,
                           HYTHEME_HEADER_SEL, HYTHEME_FOCUS, HYTHEME_LIST, HYTHEME_PHOTO };
-
-// A CDC over the renderer's memory DC for the length of a test.
-class Canvas
-{
-public:
-    Canvas(int cx, int cy, COLORREF fill = hytest::kUnpainted) : m_renderer(cx, cy)
-    {
-        m_renderer.Fill(fill);
-        m_dc.Attach(m_renderer.dc());
-    }
-    ~Canvas() { m_dc.Detach(); }
-    CDC* operator->() { return &m_dc; }
-    CDC* dc() { return &m_dc; }
-    const hytest::Renderer& px() const { ::GdiFlush(); return m_renderer; }
-
-private:
-    hytest::Renderer m_renderer;
-    CDC m_dc;
-};
 
 // ---- colour science shared by the contrast and swatch tests ----
 
@@ -249,12 +231,12 @@ TEST(ThemeFonts, FontsAndBrushesAreOneObjectEachOwnedByTheTheme)
 TEST(ThemeFonts, TheFaceIsReallyAvailable)
 {
     // The font mapper must not have substituted another face.
-    Canvas canvas(8, 8);
+    Canvas canvas(8, 8, hytest::kUnpainted);
     LOGFONT lf = {};
     HYThemeGetFont(HYFONT_STANDARD)->GetLogFont(&lf);
-    CDCSelect sel(*canvas.dc(), HYThemeGetFont(HYFONT_STANDARD));
+    CDCSelect sel(canvas.dc(), HYThemeGetFont(HYFONT_STANDARD));
     CString face;
-    canvas->GetTextFace(face);
+    canvas.dc().GetTextFace(face);
     EXPECT_STREQ((LPCTSTR)face, lf.lfFaceName);
 }
 
@@ -264,84 +246,84 @@ TEST(ThemeFonts, TheFaceIsReallyAvailable)
 TEST(ThemeDrawing, TextTakesTheElementsTextColourAndRestoresTheDC)
 {
     Canvas c(120, 30, RGB(255, 255, 255));
-    CDCSelect font(*c.dc(), HYThemeGetFont(HYFONT_STANDARD));
-    c->SetTextColor(RGB(1, 2, 3));
-    c->SetBkMode(OPAQUE);
-    c->SetBkColor(RGB(9, 9, 9));
+    CDCSelect font(c.dc(), HYThemeGetFont(HYFONT_STANDARD));
+    c.dc().SetTextColor(RGB(1, 2, 3));
+    c.dc().SetBkMode(OPAQUE);
+    c.dc().SetBkColor(RGB(9, 9, 9));
     HYThemeStyle header = {};
     HYThemeGetStyle(HYTHEME_HEADER, &header);
     CRect r(10, 5, 110, 25);
-    int h = HYThemeDrawText(c.dc(), "MWMWMW", -1, &r, DT_SINGLELINE | DT_LEFT | DT_TOP, HYTHEME_HEADER);
+    int h = HYThemeDrawText(&c.dc(), "MWMWMW", -1, &r, DT_SINGLELINE | DT_LEFT | DT_TOP, HYTHEME_HEADER);
     EXPECT_GT(h, 0);
-    EXPECT_GT(c.px().Count(r, header.text), 10);
+    EXPECT_GT(c.Count(r, header.text), 10);
     // Transparent: no background box around the glyphs.
-    EXPECT_EQ(c.px().Count(CRect(0, 0, 120, 30), RGB(9, 9, 9)), 0);
-    EXPECT_EQ(c.px().Count(CRect(0, 0, 120, 30), RGB(1, 2, 3)), 0);
+    EXPECT_EQ(c.Count(CRect(0, 0, 120, 30), RGB(9, 9, 9)), 0);
+    EXPECT_EQ(c.Count(CRect(0, 0, 120, 30), RGB(1, 2, 3)), 0);
     // Nothing outside the rectangle.
-    EXPECT_EQ(c.px().Count(CRect(0, 0, 10, 30), header.text), 0);
-    EXPECT_EQ(c->GetTextColor(), RGB(1, 2, 3));
-    EXPECT_EQ(c->GetBkMode(), OPAQUE);
+    EXPECT_EQ(c.Count(CRect(0, 0, 10, 30), header.text), 0);
+    EXPECT_EQ(c.dc().GetTextColor(), RGB(1, 2, 3));
+    EXPECT_EQ(c.dc().GetBkMode(), OPAQUE);
 
     // HYTHEME_CURRENT keeps the DC's own colour.
-    c->FillSolidRect(&r, RGB(255, 255, 255));
-    HYThemeDrawText(c.dc(), "MWMWMW", -1, &r, DT_SINGLELINE | DT_LEFT | DT_TOP, HYTHEME_CURRENT);
-    EXPECT_GT(c.px().Count(r, RGB(1, 2, 3)), 10);
+    c.dc().FillSolidRect(&r, RGB(255, 255, 255));
+    HYThemeDrawText(&c.dc(), "MWMWMW", -1, &r, DT_SINGLELINE | DT_LEFT | DT_TOP, HYTHEME_CURRENT);
+    EXPECT_GT(c.Count(r, RGB(1, 2, 3)), 10);
 }
 
 TEST(ThemeDrawing, DropDownLabelDrawsAnArrowAfterTheText)
 {
     Canvas c(160, 20, RGB(255, 255, 255));
-    CDCSelect font(*c.dc(), HYThemeGetFont(HYFONT_STANDARD));
+    CDCSelect font(c.dc(), HYThemeGetFont(HYFONT_STANDARD));
     HYThemeStyle body = {};
     HYThemeGetStyle(HYTHEME_BODY, &body);
     CRect r(0, 0, 160, 20);
-    HYThemeDrawDropDownLabel(c.dc(), "Home", &r, DT_SINGLELINE | DT_VCENTER | DT_RIGHT, HYTHEME_BODY);
+    HYThemeDrawDropDownLabel(&c.dc(), "Home", &r, DT_SINGLELINE | DT_VCENTER | DT_RIGHT, HYTHEME_BODY);
     // Right-aligned: the arrow's widest row fills the last 7 columns.
     int y = (20 - 4) / 2;
-    EXPECT_TRUE(c.px().AllPixels(CRect(153, y, 160, y + 1), body.text));
-    EXPECT_EQ(c.px().At(156, y + 3), body.text);  // the tip
-    EXPECT_EQ(c.px().At(153, y + 3), RGB(255, 255, 255));
+    EXPECT_TRUE(c.AllPixels(CRect(153, y, 160, y + 1), body.text));
+    EXPECT_EQ(c.At(156, y + 3), body.text);  // the tip
+    EXPECT_EQ(c.At(153, y + 3), RGB(255, 255, 255));
     // The text sits left of the arrow, clear of it.
-    EXPECT_GT(c.px().Count(CRect(100, 0, 150, 20), body.text), 5);
-    EXPECT_EQ(c.px().Count(CRect(150, 0, 153, 20), body.text), 0);
+    EXPECT_GT(c.Count(CRect(100, 0, 150, 20), body.text), 5);
+    EXPECT_EQ(c.Count(CRect(150, 0, 153, 20), body.text), 0);
 
     // Left-aligned: the arrow follows the text at a 3-pixel gap.
     Canvas l(160, 20, RGB(255, 255, 255));
-    CDCSelect font2(*l.dc(), HYThemeGetFont(HYFONT_STANDARD));
-    HYThemeDrawDropDownLabel(l.dc(), "Home", &r, DT_SINGLELINE | DT_VCENTER | DT_LEFT, HYTHEME_BODY);
-    int textWidth = l->GetTextExtent("Home", 4).cx;
-    EXPECT_TRUE(l.px().AllPixels(CRect(textWidth + 3, y, textWidth + 10, y + 1), body.text));
-    EXPECT_EQ(l.px().Count(CRect(textWidth + 11, 0, 160, 20), body.text), 0);
+    CDCSelect font2(l.dc(), HYThemeGetFont(HYFONT_STANDARD));
+    HYThemeDrawDropDownLabel(&l.dc(), "Home", &r, DT_SINGLELINE | DT_VCENTER | DT_LEFT, HYTHEME_BODY);
+    int textWidth = l.dc().GetTextExtent("Home", 4).cx;
+    EXPECT_TRUE(l.AllPixels(CRect(textWidth + 3, y, textWidth + 10, y + 1), body.text));
+    EXPECT_EQ(l.Count(CRect(textWidth + 11, 0, 160, 20), body.text), 0);
 }
 
 TEST(ThemeDrawing, MaskedFillHatchesInsideTheRectangleOnly)
 {
-    Canvas c(60, 40);
+    Canvas c(60, 40, hytest::kUnpainted);
     CRect r(10, 10, 50, 30);
-    HYThemeMaskedFill(c.dc(), &r, HYTHEME_BODY);
+    HYThemeMaskedFill(&c.dc(), &r, HYTHEME_BODY);
     COLORREF fill = HYThemeGetColor(HYTHEME_BODY), hatch = HYThemeShiftColor(fill, -40);
-    int nFill = c.px().Count(r, fill), nHatch = c.px().Count(r, hatch);
+    int nFill = c.Count(r, fill), nHatch = c.Count(r, hatch);
     EXPECT_EQ(nFill + nHatch, r.Width() * r.Height()) << "only the two colours inside";
     EXPECT_GT(nHatch, r.Width() * r.Height() / 16);
     EXPECT_GT(nFill, r.Width() * r.Height() / 2);
-    EXPECT_EQ(c.px().Count(CRect(0, 0, 60, 10), hytest::kUnpainted), 60 * 10);
-    EXPECT_EQ(c.px().Count(CRect(0, 30, 60, 40), hytest::kUnpainted), 60 * 10);
-    EXPECT_EQ(c.px().Count(CRect(0, 10, 10, 30), hytest::kUnpainted), 10 * 20);
-    EXPECT_EQ(c->GetBkMode(), OPAQUE);  // the memory DC's default, untouched
+    EXPECT_EQ(c.Count(CRect(0, 0, 60, 10), hytest::kUnpainted), 60 * 10);
+    EXPECT_EQ(c.Count(CRect(0, 30, 60, 40), hytest::kUnpainted), 60 * 10);
+    EXPECT_EQ(c.Count(CRect(0, 10, 10, 30), hytest::kUnpainted), 10 * 20);
+    EXPECT_EQ(c.dc().GetBkMode(), OPAQUE);  // the memory DC's default, untouched
 }
 
 TEST(ThemeDrawing, FocusMarkIsATwoPixelRingInside)
 {
-    Canvas c(40, 30);
+    Canvas c(40, 30, hytest::kUnpainted);
     CRect r(5, 5, 35, 25);
-    HYThemeDrawFocusMark(c.dc(), &r, HYTHEME_FOCUS);
+    HYThemeDrawFocusMark(&c.dc(), &r, HYTHEME_FOCUS);
     COLORREF f = HYThemeGetColor(HYTHEME_FOCUS);
-    EXPECT_TRUE(c.px().AllPixels(CRect(5, 5, 35, 7), f));
-    EXPECT_TRUE(c.px().AllPixels(CRect(5, 23, 35, 25), f));
-    EXPECT_TRUE(c.px().AllPixels(CRect(5, 5, 7, 25), f));
-    EXPECT_TRUE(c.px().AllPixels(CRect(33, 5, 35, 25), f));
-    EXPECT_TRUE(c.px().AllPixels(CRect(7, 7, 33, 23), hytest::kUnpainted));
-    EXPECT_EQ(c.px().Count(CRect(0, 0, 40, 30), f), 30 * 20 - 26 * 16);
+    EXPECT_TRUE(c.AllPixels(CRect(5, 5, 35, 7), f));
+    EXPECT_TRUE(c.AllPixels(CRect(5, 23, 35, 25), f));
+    EXPECT_TRUE(c.AllPixels(CRect(5, 5, 7, 25), f));
+    EXPECT_TRUE(c.AllPixels(CRect(33, 5, 35, 25), f));
+    EXPECT_TRUE(c.AllPixels(CRect(7, 7, 33, 23), hytest::kUnpainted));
+    EXPECT_EQ(c.Count(CRect(0, 0, 40, 30), f), 30 * 20 - 26 * 16);
 }
 
 TEST(ThemeDrawing, GradientSlicesJoinAcrossColumns)
@@ -349,39 +331,39 @@ TEST(ThemeDrawing, GradientSlicesJoinAcrossColumns)
     HYThemeStyle s = {};
     HYThemeGetStyle(HYTHEME_HEADER, &s);
     const int w = 50;
-    Canvas c(3 * w, 10);
+    Canvas c(3 * w, 10, hytest::kUnpainted);
     for (int part = 0; part < 3; ++part) {
         CRect r(part * w, 0, (part + 1) * w, 10);
-        HYThemeFillGradientSlice(c.dc(), &r, HYTHEME_HEADER, part, 3);
+        HYThemeFillGradientSlice(&c.dc(), &r, HYTHEME_HEADER, part, 3);
     }
-    EXPECT_EQ(c.px().At(0, 5), s.fill);
-    EXPECT_EQ(c.px().At(3 * w - 1, 5), s.fillEnd);
+    EXPECT_EQ(c.At(0, 5), s.fill);
+    EXPECT_EQ(c.At(3 * w - 1, 5), s.fillEnd);
     // Each column is one colour top to bottom, and neighbouring columns
     // (across slice borders too) differ by at most a small step.
     for (int x = 0; x < 3 * w; ++x) {
-        EXPECT_TRUE(c.px().AllPixels(CRect(x, 0, x + 1, 10), c.px().At(x, 0))) << x;
+        EXPECT_TRUE(c.AllPixels(CRect(x, 0, x + 1, 10), c.At(x, 0))) << x;
         if (x > 0) {
-            EXPECT_LE(RgbDistance(c.px().At(x - 1, 0), c.px().At(x, 0)), 3.0) << x;
+            EXPECT_LE(RgbDistance(c.At(x - 1, 0), c.At(x, 0)), 3.0) << x;
         }
     }
     // The whole-rectangle fill spans the same ramp.
-    Canvas whole(w, 4);
+    Canvas whole(w, 4, hytest::kUnpainted);
     CRect r(0, 0, w, 4);
-    HYThemeFillStyle(whole.dc(), &r, HYTHEME_HEADER);
-    EXPECT_EQ(whole.px().At(0, 0), s.fill);
-    EXPECT_EQ(whole.px().At(w - 1, 3), s.fillEnd);
+    HYThemeFillStyle(&whole.dc(), &r, HYTHEME_HEADER);
+    EXPECT_EQ(whole.At(0, 0), s.fill);
+    EXPECT_EQ(whole.At(w - 1, 3), s.fillEnd);
     // A solid element fills flat.
-    HYThemeFillStyle(whole.dc(), &r, HYTHEME_HEADER_SEL);
-    EXPECT_TRUE(whole.px().AllPixels(r, HYThemeGetColor(HYTHEME_HEADER_SEL)));
+    HYThemeFillStyle(&whole.dc(), &r, HYTHEME_HEADER_SEL);
+    EXPECT_TRUE(whole.AllPixels(r, HYThemeGetColor(HYTHEME_HEADER_SEL)));
 }
 
 TEST(ThemeDrawing, HeaderDecorationIsASeparatorInTheLineColour)
 {
-    Canvas c(40, 20);
+    Canvas c(40, 20, hytest::kUnpainted);
     CRect r(20, 0, 40, 20);
-    HYThemeDrawHeaderDecoration(c.dc(), &r, RGB(0, 0, 0), RGB(10, 200, 30));
-    EXPECT_TRUE(c.px().AllPixels(CRect(20, 3, 21, 17), RGB(10, 200, 30)));
-    EXPECT_EQ(c.px().Count(CRect(0, 0, 40, 20), RGB(10, 200, 30)), 14);
+    HYThemeDrawHeaderDecoration(&c.dc(), &r, RGB(0, 0, 0), RGB(10, 200, 30));
+    EXPECT_TRUE(c.AllPixels(CRect(20, 3, 21, 17), RGB(10, 200, 30)));
+    EXPECT_EQ(c.Count(CRect(0, 0, 40, 20), RGB(10, 200, 30)), 14);
 }
 
 namespace {
@@ -413,20 +395,20 @@ TEST(ThemeBitmaps, PartialBitmapDrawsOnlyThePart)
     HBITMAP hbm = MakeQuadrants();
     ASSERT_NE(hbm, nullptr);
     {
-        Canvas c(40, 40);
-        EXPECT_TRUE(HYDrawPartialBitmap(c.dc(), hbm, 5, 5, 10, 0, 10, 10));  // the green quadrant
-        EXPECT_TRUE(c.px().AllPixels(CRect(5, 5, 15, 15), RGB(0, 255, 0)));
-        EXPECT_EQ(c.px().Count(CRect(0, 0, 40, 40), hytest::kUnpainted), 40 * 40 - 100);
+        Canvas c(40, 40, hytest::kUnpainted);
+        EXPECT_TRUE(HYDrawPartialBitmap(&c.dc(), hbm, 5, 5, 10, 0, 10, 10));  // the green quadrant
+        EXPECT_TRUE(c.AllPixels(CRect(5, 5, 15, 15), RGB(0, 255, 0)));
+        EXPECT_EQ(c.Count(CRect(0, 0, 40, 40), hytest::kUnpainted), 40 * 40 - 100);
 
         // A part reaching past the bitmap is clipped to it.
-        Canvas d(40, 40);
-        EXPECT_TRUE(HYDrawPartialBitmap(d.dc(), hbm, 0, 0, 15, 15, 10, 10));
-        EXPECT_TRUE(d.px().AllPixels(CRect(0, 0, 5, 5), RGB(255, 255, 255)));
-        EXPECT_EQ(d.px().Count(CRect(0, 0, 40, 40), hytest::kUnpainted), 40 * 40 - 25);
+        Canvas d(40, 40, hytest::kUnpainted);
+        EXPECT_TRUE(HYDrawPartialBitmap(&d.dc(), hbm, 0, 0, 15, 15, 10, 10));
+        EXPECT_TRUE(d.AllPixels(CRect(0, 0, 5, 5), RGB(255, 255, 255)));
+        EXPECT_EQ(d.Count(CRect(0, 0, 40, 40), hytest::kUnpainted), 40 * 40 - 25);
 
-        EXPECT_FALSE(HYDrawPartialBitmap(d.dc(), hbm, 0, 0, 20, 0, 5, 5));
-        EXPECT_FALSE(HYDrawPartialBitmap(d.dc(), hbm, 0, 0, 0, 0, 0, 5));
-        EXPECT_FALSE(HYDrawPartialBitmap(d.dc(), NULL, 0, 0, 0, 0, 5, 5));
+        EXPECT_FALSE(HYDrawPartialBitmap(&d.dc(), hbm, 0, 0, 20, 0, 5, 5));
+        EXPECT_FALSE(HYDrawPartialBitmap(&d.dc(), hbm, 0, 0, 0, 0, 0, 5));
+        EXPECT_FALSE(HYDrawPartialBitmap(&d.dc(), NULL, 0, 0, 0, 0, 5, 5));
     }
     ::DeleteObject(hbm);
 }
@@ -437,37 +419,37 @@ TEST(ThemeBitmaps, TransparentBitmapLeavesTheKeyColourAlone)
     Canvas c(30, 30, RGB(40, 50, 60));
     COLORREF background = RGB(40, 50, 60);
     // Default key: the top-left pixel (red) is transparent.
-    EXPECT_TRUE(HYThemeDrawTransparentBitmap(c.dc(), hbm, 5, 5, HYCLR_TOPLEFT));
-    EXPECT_TRUE(c.px().AllPixels(CRect(5, 5, 15, 15), background));
-    EXPECT_TRUE(c.px().AllPixels(CRect(15, 5, 25, 15), RGB(0, 255, 0)));
-    EXPECT_TRUE(c.px().AllPixels(CRect(5, 15, 15, 25), RGB(0, 0, 255)));
-    EXPECT_TRUE(c.px().AllPixels(CRect(15, 15, 25, 25), RGB(255, 255, 255)));
+    EXPECT_TRUE(HYThemeDrawTransparentBitmap(&c.dc(), hbm, 5, 5, HYCLR_TOPLEFT));
+    EXPECT_TRUE(c.AllPixels(CRect(5, 5, 15, 15), background));
+    EXPECT_TRUE(c.AllPixels(CRect(15, 5, 25, 15), RGB(0, 255, 0)));
+    EXPECT_TRUE(c.AllPixels(CRect(5, 15, 15, 25), RGB(0, 0, 255)));
+    EXPECT_TRUE(c.AllPixels(CRect(15, 15, 25, 25), RGB(255, 255, 255)));
     // An explicit key.
     Canvas d(30, 30, background);
-    EXPECT_TRUE(HYThemeDrawTransparentBitmap(d.dc(), hbm, 0, 0, RGB(255, 255, 255)));
-    EXPECT_TRUE(d.px().AllPixels(CRect(10, 10, 20, 20), background));
-    EXPECT_TRUE(d.px().AllPixels(CRect(0, 0, 10, 10), RGB(255, 0, 0)));
+    EXPECT_TRUE(HYThemeDrawTransparentBitmap(&d.dc(), hbm, 0, 0, RGB(255, 255, 255)));
+    EXPECT_TRUE(d.AllPixels(CRect(10, 10, 20, 20), background));
+    EXPECT_TRUE(d.AllPixels(CRect(0, 0, 10, 10), RGB(255, 0, 0)));
     // The DC's colours are as they were.
-    EXPECT_EQ(d->GetTextColor(), RGB(0, 0, 0));
-    EXPECT_EQ(d->GetBkColor(), RGB(255, 255, 255));
+    EXPECT_EQ(d.dc().GetTextColor(), RGB(0, 0, 0));
+    EXPECT_EQ(d.dc().GetBkColor(), RGB(255, 255, 255));
     ::DeleteObject(hbm);
 }
 
 TEST(ThemeBitmaps, DrawingServicesDoNotLeakGdiObjects)
 {
     HBITMAP hbm = MakeQuadrants();
-    Canvas c(80, 40);
+    Canvas c(80, 40, hytest::kUnpainted);
     CRect r(0, 0, 80, 40);
     auto drawAll = [&] {
-        CDCSelect font(*c.dc(), HYThemeGetFont(HYFONT_CARD_TITLE));
-        HYThemeDrawText(c.dc(), "Text", -1, &r, DT_SINGLELINE, HYTHEME_BODY);
-        HYThemeDrawDropDownLabel(c.dc(), "Menu", &r, DT_SINGLELINE, HYTHEME_BODY);
-        HYThemeMaskedFill(c.dc(), &r, HYTHEME_HEADER);
-        HYThemeFillGradientSlice(c.dc(), &r, HYTHEME_HEADER, 1, 2);
-        HYThemeDrawFocusMark(c.dc(), &r, HYTHEME_FOCUS);
-        HYThemeDrawHeaderDecoration(c.dc(), &r, 0, 0);
-        HYThemeDrawTransparentBitmap(c.dc(), hbm, 1, 1, HYCLR_TOPLEFT);
-        HYDrawPartialBitmap(c.dc(), hbm, 1, 1, 2, 2, 5, 5);
+        CDCSelect font(c.dc(), HYThemeGetFont(HYFONT_CARD_TITLE));
+        HYThemeDrawText(&c.dc(), "Text", -1, &r, DT_SINGLELINE, HYTHEME_BODY);
+        HYThemeDrawDropDownLabel(&c.dc(), "Menu", &r, DT_SINGLELINE, HYTHEME_BODY);
+        HYThemeMaskedFill(&c.dc(), &r, HYTHEME_HEADER);
+        HYThemeFillGradientSlice(&c.dc(), &r, HYTHEME_HEADER, 1, 2);
+        HYThemeDrawFocusMark(&c.dc(), &r, HYTHEME_FOCUS);
+        HYThemeDrawHeaderDecoration(&c.dc(), &r, 0, 0);
+        HYThemeDrawTransparentBitmap(&c.dc(), hbm, 1, 1, HYCLR_TOPLEFT);
+        HYDrawPartialBitmap(&c.dc(), hbm, 1, 1, 2, 2, 5, 5);
     };
     hytest::ObjectGuard guard(drawAll);
     for (int i = 0; i < 300; ++i) drawAll();

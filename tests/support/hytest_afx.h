@@ -1,4 +1,5 @@
-// Object-count helpers shared by the framework suites.
+// Framework helpers shared by the suites that use HyAfx: repeated runs under
+// an object-count guard, the standard-control warm-up, a CDC canvas.
 #pragma once
 #include <afxwin.h>
 #include <gtest/gtest.h>
