@@ -7,6 +7,7 @@
 
 #include <afxdisp.h>
 #include <algorithm>
+#include <functional>
 #include <set>
 #include <string>
 #include <utility>
@@ -220,36 +221,32 @@ TEST_F(DatePickerPaintMarks, EachEventKindHasItsOwnShapeAndColourInsideTheDay)
         }
 }
 
-TEST_F(DatePickerPaintMarks, AnEventStaysVisibleOnTheSelectedDay)
+// Each change draws something, and only inside the cell it concerns.
+TEST_F(DatePickerPaintMarks, MarksAppearInTheirOwnCellsOnly)
 {
-    Create();
-    const CRect cell = Cell(2005, 11, 15);
-    const PixelDiff d = ChangeOf([&] { picker.AddEvent(2005, 11, 15, 1, 1); });
-    EXPECT_FALSE(d.where.empty());
-    EXPECT_TRUE(Inside(d.box, cell));
-}
+    Create();   // November, December 2005, January 2006; the 15th highlighted
+    const struct
+    {
+        const char* what;
+        std::function<void()> change;
+        CRect cell;
+    } rows[] = {
+        {"an event on the selected day stays visible", [&] { picker.AddEvent(2005, 11, 15, 1, 1); },
+         Cell(2005, 11, 15)},
+        {"a day shown twice is marked in its own month only", [&] { picker.AddEvent(2005, 12, 1, 1, 2); },
+         Cell(2005, 12, 1)},
+        {"a day without a calendar of its own is marked where it shows",
+         [&] { picker.AddEvent(2005, 10, 31, 1, 2); }, Cell(2005, 10, 31, 0)},
+        {"the start date", [&] { picker.SetStartDate(12, 7, 2005, 1); }, Cell(2005, 12, 7)},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const PixelDiff d = ChangeOf(row.change);
+        EXPECT_FALSE(d.where.empty());
+        EXPECT_TRUE(Inside(d.box, row.cell));
+    }
 
-TEST_F(DatePickerPaintMarks, ADayShownTwiceIsMarkedOnlyInItsOwnMonth)
-{
-    Create();  // November, December 2005, January 2006
-    const PixelDiff shown = ChangeOf([&] { picker.AddEvent(2005, 12, 1, 1, 2); });
-    EXPECT_FALSE(shown.where.empty());
-    EXPECT_TRUE(Inside(shown.box, Cell(2005, 12, 1))) << "marked in November's grid too";
-
-    // 31 October has no calendar of its own: November's grid carries the mark.
-    const PixelDiff unshown = ChangeOf([&] { picker.AddEvent(2005, 10, 31, 1, 2); });
-    EXPECT_FALSE(unshown.where.empty());
-    EXPECT_TRUE(Inside(unshown.box, Cell(2005, 10, 31, 0)));
-}
-
-TEST_F(DatePickerPaintMarks, StartDateAndDropTargetAreMarkedInTheirCells)
-{
-    Create();
-    const CRect start = Cell(2005, 12, 7);
-    const PixelDiff s = ChangeOf([&] { picker.SetStartDate(12, 7, 2005, 1); });
-    EXPECT_FALSE(s.where.empty());
-    EXPECT_TRUE(Inside(s.box, start));
-
+    // The drop target, while a drag is over it.
     const CRect drop = Cell(2005, 12, 20);
     const CPoint at = drop.CenterPoint();
     Renderer before(picker.m_hWnd);
