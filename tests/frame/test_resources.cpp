@@ -2,7 +2,6 @@
 // HyUI.dll's own English copy and the English and German language modules.
 #include <gtest/gtest.h>
 #include <windows.h>
-#include <algorithm>
 #include <string>
 #include <vector>
 #include "HyUIRes.h"
@@ -60,98 +59,36 @@ class StringTable : public ::testing::TestWithParam<ModuleSpec>
 {
 };
 
-TEST_P(StringTable, EveryIdOfTheTableIsPresent)
+// English exactly; German translated where the word differs, with the same
+// conversions in the same order, the empty-view text's two line feeds, and
+// its umlauts intact (UTF-8 read as a single-byte code page shows "\u00c3").
+TEST_P(StringTable, EveryTextIsExactOrTranslatedWithItsConversions)
 {
+    const bool german = GetParam().german;
     DataModule module(GetParam().relative);
     ASSERT_NE(module.get(), nullptr) << module.path();
     for (const StringEntry& entry : kStrings)
-        EXPECT_FALSE(TableString(module.get(), entry.id).empty()) << GetParam().name << " lacks " << entry.id;
-}
-
-TEST_P(StringTable, EmptyViewTextStartsWithExactlyTwoLineFeeds)
-{
-    DataModule module(GetParam().relative);
-    ASSERT_NE(module.get(), nullptr) << module.path();
-    std::wstring text = TableString(module.get(), IDS_CARDS_EMPTY);
-    ASSERT_GT(text.size(), 3u);
-    EXPECT_EQ(text.substr(0, 2), L"\n\n");
-    EXPECT_NE(text[2], L'\n');
-    EXPECT_NE(text[2], L'\r');
-}
-
-TEST_P(StringTable, FormatStringsKeepTheirConversions)
-{
-    DataModule module(GetParam().relative);
-    ASSERT_NE(module.get(), nullptr) << module.path();
-    for (const StringEntry& entry : kStrings)
-        EXPECT_EQ(Conversions(TableString(module.get(), entry.id)), Conversions(entry.english))
-            << GetParam().name << " string " << entry.id;
+    {
+        SCOPED_TRACE("string " + std::to_string(entry.id));
+        const std::wstring text = TableString(module.get(), entry.id);
+        EXPECT_FALSE(text.empty());
+        if (!german || entry.sameInGerman)
+            EXPECT_EQ(text, entry.english);
+        else
+            EXPECT_NE(text, entry.english) << "not translated";
+        EXPECT_EQ(Conversions(text), Conversions(entry.english));
+        EXPECT_EQ(text.find(L'\u00c3'), std::wstring::npos) << "garbled";
+    }
+    const std::wstring empty = TableString(module.get(), IDS_CARDS_EMPTY);
+    EXPECT_TRUE(empty.size() > 3 && empty.compare(0, 2, L"\n\n") == 0 && empty[2] != L'\n' && empty[2] != L'\r');
+    EXPECT_TRUE(!german || TableString(module.get(), IDS_URL_INVALID).find(L"ung\u00fcltig") != std::wstring::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(Resources, StringTable,
                          ::testing::Values(restest::kHyUI, restest::kLangDe),
                          [](const ::testing::TestParamInfo<ModuleSpec>& info) {
-                             return std::string(info.param.german ? "German" : "English") +
-                                    (info.param.german ? "Module" : "Library");
+                             return std::string(info.param.german ? "GermanModule" : "EnglishLibrary");
                          });
-
-TEST(ResourcesStringsEnglish, LibraryAndEnglishModuleHoldTheExactTexts)
-{
-    DataModule library(restest::kHyUI.relative);
-    ASSERT_NE(library.get(), nullptr) << library.path();
-    for (const StringEntry& entry : kStrings)
-        EXPECT_EQ(TableString(library.get(), entry.id), entry.english) << "HyUI.dll string " << entry.id;
-}
-
-TEST(ResourcesStringsEnglish, TheLibraryLoadsItsOwnCopyThroughTheMultibyteCall)
-{
-    // What CString::LoadString does in the library's multibyte build.
-    HMODULE library = ::GetModuleHandleA("HyUI.dll");
-    ASSERT_NE(library, nullptr);
-    char buf[128] = "";
-    ASSERT_GT(::LoadStringA(library, IDS_PASSWORD_INCORRECT, buf, sizeof buf), 0);
-    EXPECT_STREQ(buf, "The password is incorrect.");
-    ASSERT_GT(::LoadStringA(library, IDS_CARDS_EMPTY, buf, sizeof buf), 0);
-    EXPECT_STREQ(buf, "\n\nThere are no items to show in this view");
-}
-
-TEST(ResourcesStringsGerman, TranslatedWhereTheWordDiffers)
-{
-    DataModule german(restest::kLangDe.relative);
-    ASSERT_NE(german.get(), nullptr) << german.path();
-    for (const StringEntry& entry : kStrings)
-    {
-        std::wstring text = TableString(german.get(), entry.id);
-        if (entry.sameInGerman)
-            EXPECT_EQ(text, entry.english) << "string " << entry.id;
-        else
-            EXPECT_NE(text, entry.english) << "string " << entry.id << " is not translated";
-    }
-}
-
-TEST(ResourcesStringsGerman, DayInitialsFollowTheTableOrder)
-{
-    DataModule german(restest::kLangDe.relative);
-    ASSERT_NE(german.get(), nullptr) << german.path();
-    // Montag, Dienstag, Mittwoch, Donnerstag, Freitag, then Sonntag before Samstag.
-    const wchar_t* expected[] = { L"M", L"D", L"M", L"D", L"F", L"S", L"S" };
-    for (UINT i = 0; i < 7; ++i)
-        EXPECT_EQ(TableString(german.get(), IDS_DAY_MONDAY + i), expected[i]) << IDS_DAY_MONDAY + i;
-}
-
-TEST(ResourcesStringsGerman, UmlautsSurviveTheResourceCompiler)
-{
-    DataModule german(restest::kLangDe.relative);
-    ASSERT_NE(german.get(), nullptr) << german.path();
-    std::wstring invalid = TableString(german.get(), IDS_URL_INVALID);
-    EXPECT_NE(invalid.find(L"ung\u00fcltig"), std::wstring::npos) << "URL text";
-    for (const StringEntry& entry : kStrings)
-    {
-        std::wstring text = TableString(german.get(), entry.id);
-        // UTF-8 read as a single-byte code page shows up as "Ã" followed by a sign.
-        EXPECT_EQ(text.find(L'\u00c3'), std::wstring::npos) << "string " << entry.id << " is garbled";
-    }
-}
 
 // ---- Bitmaps -----------------------------------------------------------------
 
@@ -239,66 +176,25 @@ TEST_P(Pictures, BitmapsLoadWithTheirSizeAndDepth)
     ::DeleteDC(dc);
 }
 
-// The extent of a cursor's visible pixels (those the mask does not let through).
-SIZE VisibleExtent(HCURSOR cursor, POINT& hotspot)
-{
-    ICONINFO info{};
-    SIZE extent{ 0, 0 };
-    if (!::GetIconInfo(cursor, &info))
-        return extent;
-    hotspot = { (LONG)info.xHotspot, (LONG)info.yHotspot };
-    BITMAP mask{};
-    ::GetObjectW(info.hbmMask, sizeof mask, &mask);
-    HDC dc = ::CreateCompatibleDC(nullptr);
-    HGDIOBJ old = ::SelectObject(dc, info.hbmMask);
-    int height = info.hbmColor ? mask.bmHeight : mask.bmHeight / 2;   // monochrome: AND over XOR
-    int left = mask.bmWidth, right = -1, top = height, bottom = -1;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < mask.bmWidth; ++x)
-            if (::GetPixel(dc, x, y) == RGB(0, 0, 0))
-            {
-                left = std::min(left, x);
-                right = std::max(right, x);
-                top = std::min(top, y);
-                bottom = std::max(bottom, y);
-            }
-    ::SelectObject(dc, old);
-    ::DeleteDC(dc);
-    ::DeleteObject(info.hbmMask);
-    if (info.hbmColor)
-        ::DeleteObject(info.hbmColor);
-    if (right >= 0)
-        extent = { right - left + 1, bottom - top + 1 };
-    return extent;
-}
-
-TEST_P(Pictures, ResizeCursorsPointTheWayTheyResize)
+TEST_P(Pictures, ResizeCursorsHaveTheirHotSpotInTheMiddle)
 {
     DataModule module(GetParam().relative);
     ASSERT_NE(module.get(), nullptr) << module.path();
     hytest::ObjectGuard guard;
-    HCURSOR width = (HCURSOR)::LoadImageW(module.get(), MAKEINTRESOURCEW(IDC_CURSOR_RESIZE_WIDTH),
-                                          IMAGE_CURSOR, 32, 32, 0);
-    HCURSOR height = (HCURSOR)::LoadImageW(module.get(), MAKEINTRESOURCEW(IDC_CURSOR_RESIZE_HEIGHT),
-                                           IMAGE_CURSOR, 32, 32, 0);
-    ASSERT_NE(width, nullptr);
-    ASSERT_NE(height, nullptr);
     for (UINT id : { IDC_CURSOR_RESIZE_WIDTH, IDC_CURSOR_RESIZE_HEIGHT })
+    {
         EXPECT_EQ(std::vector<WORD>{ StringLanguage(GetParam()) },
                   ResourceLanguages(module.get(), (LPCWSTR)RT_GROUP_CURSOR, id)) << id;
-    POINT widthHot{}, heightHot{};
-    SIZE widthExtent = VisibleExtent(width, widthHot);
-    SIZE heightExtent = VisibleExtent(height, heightHot);
-    // The hot spot sits where the arrows meet, in the middle of the cursor.
-    EXPECT_EQ(widthHot.x, 16);
-    EXPECT_EQ(widthHot.y, 16);
-    EXPECT_EQ(heightHot.x, 16);
-    EXPECT_EQ(heightHot.y, 16);
-    // Left-right arrows are wider than tall; up-down arrows the other way.
-    EXPECT_GT(widthExtent.cx, widthExtent.cy + 8);
-    EXPECT_GT(heightExtent.cy, heightExtent.cx + 8);
-    ::DestroyCursor(width);
-    ::DestroyCursor(height);
+        HCURSOR cursor = (HCURSOR)::LoadImageW(module.get(), MAKEINTRESOURCEW(id), IMAGE_CURSOR, 32, 32, 0);
+        ICONINFO info{};
+        ASSERT_TRUE(cursor && ::GetIconInfo(cursor, &info)) << id;
+        EXPECT_EQ(info.xHotspot, 16u);
+        EXPECT_EQ(info.yHotspot, 16u);
+        ::DeleteObject(info.hbmMask);
+        if (info.hbmColor)
+            ::DeleteObject(info.hbmColor);
+        ::DestroyCursor(cursor);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Resources, Pictures,
@@ -341,8 +237,7 @@ TEST(ResourcesModules, TheEnglishModuleCarriesTheLibrarysResourcesByteForByte)
         {
             const std::vector<BYTE> mine = restest::RawResource(library.get(), type, id);
             EXPECT_EQ(restest::RawResource(english.get(), type, id), mine) << id;
-            if (picture)
-                EXPECT_EQ(restest::RawResource(german.get(), type, id), mine) << id;
+            EXPECT_TRUE(!picture || restest::RawResource(german.get(), type, id) == mine) << id;
         }
     }
 }
