@@ -95,23 +95,6 @@ std::string Narrow(const wchar_t* w)
     return s;
 }
 
-std::string ResourceOrTextA(HINSTANCE inst, LPCSTR s)
-{
-    if (!IS_INTRESOURCE(s))
-        return s ? s : "";
-    char buf[1024] = "";
-    LoadStringA(inst, static_cast<UINT>(reinterpret_cast<ULONG_PTR>(s)), buf, sizeof buf);
-    return buf;
-}
-
-std::string ResourceOrTextW(HINSTANCE inst, LPCWSTR s)
-{
-    if (!IS_INTRESOURCE(s))
-        return Narrow(s);
-    wchar_t buf[1024] = L"";
-    LoadStringW(inst, static_cast<UINT>(reinterpret_cast<ULONG_PTR>(s)), buf, 1024);
-    return Narrow(buf);
-}
 }  // namespace
 
 struct InterceptAccess
@@ -122,12 +105,6 @@ struct InterceptAccess
             g_beeps->m_types.push_back(type);
         return TRUE;
     }
-    static BOOL WINAPI Beep(DWORD, DWORD)
-    {
-        if (g_beeps)
-            g_beeps->m_types.push_back(0xFFFFFFFFu);
-        return TRUE;
-    }
 
     static int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type)
     {
@@ -136,24 +113,6 @@ struct InterceptAccess
     static int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
     {
         return g_boxes->Record({owner, Narrow(text), Narrow(caption), type});
-    }
-    static int WINAPI MessageBoxExA(HWND owner, LPCSTR text, LPCSTR caption, UINT type, WORD)
-    {
-        return MessageBoxA(owner, text, caption, type);
-    }
-    static int WINAPI MessageBoxExW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type, WORD)
-    {
-        return MessageBoxW(owner, text, caption, type);
-    }
-    static int WINAPI MessageBoxIndirectA(const MSGBOXPARAMSA* p)
-    {
-        return g_boxes->Record({p->hwndOwner, ResourceOrTextA(p->hInstance, p->lpszText),
-                                ResourceOrTextA(p->hInstance, p->lpszCaption), p->dwStyle});
-    }
-    static int WINAPI MessageBoxIndirectW(const MSGBOXPARAMSW* p)
-    {
-        return g_boxes->Record({p->hwndOwner, ResourceOrTextW(p->hInstance, p->lpszText),
-                                ResourceOrTextW(p->hInstance, p->lpszCaption), p->dwStyle});
     }
 
     static BOOL WINAPI TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int, HWND owner, const RECT*)
@@ -173,8 +132,7 @@ struct InterceptAccess
 
 BeepRecorder::BeepRecorder()
     : m_previous(g_beeps),
-      m_beep("user32.dll", "MessageBeep", reinterpret_cast<void*>(&InterceptAccess::MessageBeep)),
-      m_kernelBeep("kernel32.dll", "Beep", reinterpret_cast<void*>(&InterceptAccess::Beep))
+      m_beep("user32.dll", "MessageBeep", reinterpret_cast<void*>(&InterceptAccess::MessageBeep))
 {
     g_beeps = this;
 }
@@ -186,11 +144,7 @@ BeepRecorder::~BeepRecorder() { g_beeps = m_previous; }
 MessageBoxRecorder::MessageBoxRecorder()
     : m_previous(g_boxes),
       HYTEST_PATCH(m_a, MessageBoxA),
-      HYTEST_PATCH(m_w, MessageBoxW),
-      HYTEST_PATCH(m_exA, MessageBoxExA),
-      HYTEST_PATCH(m_exW, MessageBoxExW),
-      HYTEST_PATCH(m_indirectA, MessageBoxIndirectA),
-      HYTEST_PATCH(m_indirectW, MessageBoxIndirectW)
+      HYTEST_PATCH(m_w, MessageBoxW)
 {
     g_boxes = this;
 }
@@ -201,7 +155,7 @@ int MessageBoxRecorder::Record(MessageBoxCall call)
 {
     m_calls.push_back(std::move(call));
     if (m_answers.empty())
-        return m_default;
+        return IDOK;
     const int id = m_answers.front();
     m_answers.pop_front();
     return id;

@@ -28,15 +28,13 @@ public:
     ImportPatch& operator=(const ImportPatch&) = delete;
 
     void* original() const { return m_original; }
-    int slots() const { return static_cast<int>(m_slots.size()); }  // entries replaced
 
 private:
     void* m_original = nullptr;
     std::vector<void**> m_slots;
 };
 
-// MessageBeep (and kernel32's Beep, recorded as type 0xFFFFFFFF): counted and
-// silent.
+// MessageBeep: counted and silent.
 class BeepRecorder
 {
 public:
@@ -54,7 +52,6 @@ private:
     std::vector<UINT> m_types;
     BeepRecorder* m_previous;
     ImportPatch m_beep;
-    ImportPatch m_kernelBeep;
 };
 
 struct MessageBoxCall
@@ -65,8 +62,8 @@ struct MessageBoxCall
     UINT type;            // MB_* flags
 };
 
-// MessageBoxA/W, MessageBoxExA/W, MessageBoxIndirectA/W: recorded, nothing is
-// shown, and each answers the next scripted id (then the default, IDOK).
+// MessageBoxA/W (what the framework calls): recorded, nothing is
+// shown, and each answers the next scripted id (then IDOK).
 class MessageBoxRecorder
 {
 public:
@@ -76,7 +73,6 @@ public:
     MessageBoxRecorder& operator=(const MessageBoxRecorder&) = delete;
 
     void Answer(int id) { m_answers.push_back(id); }
-    void SetDefaultAnswer(int id) { m_default = id; }
     int Count() const { return static_cast<int>(m_calls.size()); }
     const std::vector<MessageBoxCall>& Calls() const { return m_calls; }
     void Clear() { m_calls.clear(); }
@@ -86,9 +82,8 @@ private:
     int Record(MessageBoxCall call);
     std::vector<MessageBoxCall> m_calls;
     std::deque<int> m_answers;
-    int m_default = IDOK;
     MessageBoxRecorder* m_previous;
-    ImportPatch m_a, m_w, m_exA, m_exW, m_indirectA, m_indirectW;
+    ImportPatch m_a, m_w;
 };
 
 struct MenuItem

@@ -67,7 +67,6 @@ public:
     void RecordAll();                                 // default
     void RecordUserRange(std::initializer_list<UINT> also = {});  // msg >= WM_USER plus `also`
     void RecordOnly(std::initializer_list<UINT> msgs);
-    void SetRecording(bool on) { m_recording = on; }
 
     void Clear() { m_log.clear(); }
     const std::vector<Msg>& Messages() const { return m_log; }
@@ -100,7 +99,6 @@ private:
     std::vector<UINT> m_only;
     bool m_userRange = false;
     bool m_filtered = false;
-    bool m_recording = true;
 };
 
 // A real top-level window of its own class (WS_OVERLAPPEDWINDOW |

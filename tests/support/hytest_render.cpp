@@ -22,15 +22,12 @@ std::string ColourText(COLORREF c)
 
 Renderer::Renderer(int width, int height) { Create(width, height); }
 
-Renderer::Renderer(HWND hwnd, PaintMode mode)
+Renderer::Renderer(HWND hwnd)
 {
     RECT rc = {};
-    if (mode == PaintMode::Print)
-        GetWindowRect(hwnd, &rc);
-    else
-        GetClientRect(hwnd, &rc);
-    Create(rc.right - rc.left, rc.bottom - rc.top);
-    Render(hwnd, mode);
+    GetClientRect(hwnd, &rc);
+    Create(rc.right, rc.bottom);
+    Render(hwnd);
 }
 
 Renderer::~Renderer()
@@ -74,26 +71,11 @@ std::vector<DWORD> Renderer::Pixels() const
     return std::vector<DWORD>(m_bits, m_bits + static_cast<size_t>(m_width) * m_height);
 }
 
-void Renderer::Render(HWND hwnd, PaintMode mode, COLORREF fill)
+void Renderer::Render(HWND hwnd, COLORREF fill)
 {
     Fill(fill);
-    const int saved = SaveDC(m_dc);
-    switch (mode) {
-    case PaintMode::PrintClient:
-        SendMessageA(hwnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(m_dc),
-                     PRF_CLIENT | PRF_ERASEBKGND | PRF_CHILDREN);
-        break;
-    case PaintMode::Print:
-        SendMessageA(hwnd, WM_PRINT, reinterpret_cast<WPARAM>(m_dc),
-                     PRF_NONCLIENT | PRF_CLIENT | PRF_ERASEBKGND | PRF_CHILDREN);
-        break;
-    case PaintMode::PaintDC: {
-        RECT all = {0, 0, m_width, m_height};
-        PaintTree(hwnd, POINT{0, 0}, all);
-        break;
-    }
-    }
-    RestoreDC(m_dc, saved);
+    const RECT all = {0, 0, m_width, m_height};
+    PaintTree(hwnd, POINT{0, 0}, all);
     GdiFlush();
 }
 
@@ -152,14 +134,6 @@ int Renderer::Count(const RECT& r, COLORREF colour) const
     return n;
 }
 
-bool Renderer::RowContains(int y, int x0, int x1, COLORREF colour) const
-{
-    for (int x = std::max(x0, 0); x <= std::min(x1, m_width - 1); ++x)
-        if (At(x, y) == colour)
-            return true;
-    return false;
-}
-
 COLORREF Renderer::Dominant(const RECT& r) const
 {
     const RECT c = Clipped(r, m_width, m_height);
@@ -195,29 +169,6 @@ COLORREF Renderer::Dominant(const RECT& r) const
            << bad << " pixel(s) of (" << r.left << "," << r.top << ")-(" << r.right << "," << r.bottom
            << ") are not " << ColourText(colour) << "; first at (" << firstX << "," << firstY << ") is "
            << ColourText(At(firstX, firstY)) << "; dominant " << ColourText(Dominant(r));
-}
-
-bool Renderer::SaveBmp(const char* path) const
-{
-    GdiFlush();
-    BITMAPINFOHEADER bih = {};
-    bih.biSize = sizeof bih;
-    bih.biWidth = m_width;
-    bih.biHeight = -m_height;
-    bih.biPlanes = 1;
-    bih.biBitCount = 32;
-    bih.biCompression = BI_RGB;
-    const DWORD imageSize = static_cast<DWORD>(m_width) * m_height * 4;
-    BITMAPFILEHEADER bfh = {};
-    bfh.bfType = 0x4D42;  // "BM"
-    bfh.bfOffBits = sizeof bfh + sizeof bih;
-    bfh.bfSize = bfh.bfOffBits + imageSize;
-    FILE* f = std::fopen(path, "wb");
-    if (!f)
-        return false;
-    bool ok = std::fwrite(&bfh, sizeof bfh, 1, f) == 1 && std::fwrite(&bih, sizeof bih, 1, f) == 1 &&
-              std::fwrite(m_bits, imageSize, 1, f) == 1;
-    return std::fclose(f) == 0 && ok;
 }
 
 }  // namespace hytest
