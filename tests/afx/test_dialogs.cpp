@@ -45,36 +45,22 @@ CString Loaded(UINT id)
     return s;
 }
 
+// The application's resource module first, then the chain in order; an
+// unlinked entry is no longer searched.
 TEST(ResourceChainTest, FirstEntryWinsLaterEntriesFillTheGaps)
 {
     ResourceChain chain;
     ASSERT_NE(nullptr, chain.entryFirst);
-    EXPECT_STREQ("first", Loaded(100));
-    EXPECT_STREQ("first only", Loaded(101));
-    EXPECT_STREQ("second only", Loaded(102));
-    EXPECT_STREQ("<missing>", Loaded(103));
+    auto texts = [] { return std::vector<CString>{ Loaded(100), Loaded(101), Loaded(102), Loaded(103) }; };
+    EXPECT_EQ((std::vector<CString>{ "first", "first only", "second only", "<missing>" }), texts());
     EXPECT_EQ(chain.second, AfxFindResourceHandle(MAKEINTRESOURCE(200), RT_DIALOG));
-}
-
-TEST(ResourceChainTest, UnlinkedEntryIsNoLongerSearched)
-{
-    ResourceChain chain;
-    ASSERT_NE(nullptr, chain.entryFirst);
-    delete chain.entryFirst;
-    chain.entryFirst = nullptr;
-    EXPECT_STREQ("second", Loaded(100));
-    EXPECT_STREQ("<missing>", Loaded(101));
-}
-
-TEST(ResourceChainTest, ApplicationResourceModuleComesBeforeTheChain)
-{
-    ResourceChain chain;
-    ASSERT_NE(nullptr, chain.entryFirst);
     HINSTANCE saved = AfxGetResourceHandle();
     AfxSetResourceHandle(chain.second);
-    EXPECT_STREQ("second", Loaded(100));
-    EXPECT_STREQ("first only", Loaded(101));
+    EXPECT_EQ((std::vector<CString>{ "second", "first only", "second only", "<missing>" }), texts());
     AfxSetResourceHandle(saved);
+    delete chain.entryFirst;
+    chain.entryFirst = nullptr;
+    EXPECT_EQ((std::vector<CString>{ "second", "<missing>", "second only", "<missing>" }), texts());
 }
 
 TEST(ResourceChainTest, ExtensionRecordEntriesAreCountedAndTerminated)
@@ -158,7 +144,9 @@ TEST_F(DialogTest, ModalDialogFromChainExchangesDataBothWays)
     CExchangeDlg dlg;
     std::string shownName, shownCount;
     bool secondRadio = false;
+    LRESULT limit = 0;
     hytest::DialogDriver driver([&](HWND h) {
+        limit = ::SendDlgItemMessage(h, IDC_NAME, EM_GETLIMITTEXT, 0, 0);   // from DDV_MaxChars
         shownName = ItemText(h, IDC_NAME);
         shownCount = ItemText(h, IDC_COUNT);
         secondRadio = ::IsDlgButtonChecked(h, IDC_FIRST_RADIO + 1) == BST_CHECKED;
@@ -176,69 +164,47 @@ TEST_F(DialogTest, ModalDialogFromChainExchangesDataBothWays)
     EXPECT_EQ(42, dlg.m_count);
     EXPECT_EQ(2, dlg.m_choice);
     EXPECT_EQ(nullptr, dlg.m_hWnd);
-    EXPECT_EQ(0, boxes.Count());
-}
-
-TEST_F(DialogTest, OverlongTextIsRefusedAndTheDialogStaysOpen)
-{
-    CExchangeDlg dlg;
-    hytest::DialogDriver driver([&](HWND h) {
-        ::SetDlgItemText(h, IDC_NAME, "Seventeen letters");
-        ::PostMessage(h, WM_COMMAND, IDOK, 0);
-        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
-    });
-    EXPECT_EQ(IDCANCEL, dlg.DoModal());
-    ASSERT_EQ(1, boxes.Count());
-    EXPECT_EQ("Please enter no more than 10 characters.", boxes.Calls()[0].text);
-    EXPECT_EQ((UINT)MB_ICONEXCLAMATION, boxes.Calls()[0].type & MB_ICONMASK);
-    // As with the classic exchange, the text was stored before it was validated.
-    EXPECT_STREQ("Seventeen letters", dlg.m_name);
-    EXPECT_EQ(IDC_NAME, dlg.focusIdAtCancel);   // back on the refused field
-}
-
-TEST_F(DialogTest, NonNumberIsRefusedWithTheFrameworkPrompt)
-{
-    CExchangeDlg dlg;
-    hytest::DialogDriver driver([&](HWND h) {
-        ::SetDlgItemText(h, IDC_COUNT, "12x");
-        ::PostMessage(h, WM_COMMAND, IDOK, 0);
-        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
-    });
-    EXPECT_EQ(IDCANCEL, dlg.DoModal());
-    ASSERT_EQ(1, boxes.Count());
-    EXPECT_EQ("Please enter an integer.", boxes.Calls()[0].text);
-    EXPECT_EQ(7, dlg.m_count);
-}
-
-TEST_F(DialogTest, EditLimitIsSetFromMaxChars)
-{
-    CExchangeDlg dlg;
-    LRESULT limit = 0;
-    hytest::DialogDriver driver([&](HWND h) {
-        limit = ::SendDlgItemMessage(h, IDC_NAME, EM_GETLIMITTEXT, 0, 0);
-        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
-    });
-    EXPECT_EQ(IDCANCEL, dlg.DoModal());
     EXPECT_EQ(10, limit);
+    EXPECT_EQ(0, boxes.Count());
+    EXPECT_EQ(-1, CDialog(4242).DoModal());   // no such template
 }
 
-TEST_F(DialogTest, MissingTemplateReturnsMinusOne)
+// A refused field keeps the dialog open with the framework's prompt and the
+// focus back on the field; as with the classic exchange, text is stored
+// before it is validated.
+TEST_F(DialogTest, RefusedFieldsKeepTheDialogOpen)
 {
-    CDialog dlg(4242);
-    EXPECT_EQ(-1, dlg.DoModal());
+    const struct { int id; const char* typed; const char* prompt; const char* name; int count; } rows[] = {
+        { IDC_NAME, "Seventeen letters", "Please enter no more than 10 characters.", "Seventeen letters", 7 },
+        { IDC_COUNT, "12x", "Please enter an integer.", "Ada", 7 },
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.typed);
+        boxes.Clear();
+        CExchangeDlg dlg;
+        hytest::DialogDriver driver([&](HWND h) {
+            ::SetDlgItemText(h, row.id, row.typed);
+            ::PostMessage(h, WM_COMMAND, IDOK, 0);
+            ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
+        });
+        EXPECT_EQ(IDCANCEL, dlg.DoModal());
+        ASSERT_EQ(1, boxes.Count());
+        EXPECT_EQ(row.prompt, boxes.Calls()[0].text);
+        EXPECT_EQ((UINT)MB_ICONEXCLAMATION, boxes.Calls()[0].type & MB_ICONMASK);
+        EXPECT_STREQ(row.name, dlg.m_name);
+        EXPECT_EQ(row.count, dlg.m_count);
+        EXPECT_EQ(row.id, dlg.focusIdAtCancel);
+    }
 }
 
 TEST_F(DialogTest, ManyModalRunsLeakNothing)
 {
-    auto run = [&] {
+    RunRepeated([&] {
         CExchangeDlg dlg;
         hytest::DialogDriver driver([](HWND h) { ::PostMessage(h, WM_COMMAND, IDOK, 0); });
         dlg.DoModal();
-    };
-    hytest::ObjectGuard local(run);
-    for (int i = 0; i < 20; ++i)
-        run();
-    EXPECT_TRUE(local.Check("20 modal runs"));
+    }, 20);
 }
 
 // ---- PreTranslateMessage ----

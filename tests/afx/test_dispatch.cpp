@@ -4,6 +4,8 @@
 #include "hytest.h"
 #include "hytest_afx.h"
 
+#include <utility>
+
 namespace {
 
 constexpr UINT WM_BOTH = WM_USER + 1;       // handled by base and derived maps
@@ -78,6 +80,10 @@ TEST_F(DispatchTest, DerivedMapWinsBaseMapFillsInDefaultProcedureLast)
     CString text;
     wnd.GetWindowText(text);
     EXPECT_STREQ("via default", text);
+    // A mouse handler gets the flags and a signed point.
+    wnd.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MAKELPARAM(-3, 17));
+    EXPECT_EQ((UINT)(MK_LBUTTON | MK_SHIFT), wnd.lastDown);
+    EXPECT_EQ(CPoint(-3, 17), wnd.lastPoint);
     wnd.DestroyWindow();
 }
 
@@ -95,16 +101,6 @@ TEST_F(DispatchTest, ObjectIsAttachedBeforeNcCreateAndDetachedAfterNcDestroy)
     EXPECT_EQ(1, wnd.postNcDestroyCalls);
 }
 
-TEST_F(DispatchTest, MouseHandlerGetsFlagsAndSignedPoint)
-{
-    CDerivedTarget wnd;
-    ASSERT_TRUE(wnd.Create(nullptr, nullptr, 0, CRect(0, 0, 50, 50), CWnd::FromHandle(host), 1));
-    wnd.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MAKELPARAM(-3, 17));
-    EXPECT_EQ((UINT)(MK_LBUTTON | MK_SHIFT), wnd.lastDown);
-    EXPECT_EQ(CPoint(-3, 17), wnd.lastPoint);
-    wnd.DestroyWindow();
-}
-
 class CRefusingTarget : public CWnd
 {
 public:
@@ -119,21 +115,16 @@ BEGIN_MESSAGE_MAP(CRefusingTarget, CWnd)
     ON_WM_CREATE()
 END_MESSAGE_MAP()
 
-TEST_F(DispatchTest, CreateFailsCleanlyWhenOnCreateRefuses)
+TEST_F(DispatchTest, CreateFailsCleanlyWhenOnCreateRefusesOrTheClassIsUnknown)
 {
-    CRefusingTarget wnd;
-    EXPECT_FALSE(wnd.Create(nullptr, nullptr, 0, CRect(0, 0, 10, 10), CWnd::FromHandle(host), 1));
-    EXPECT_EQ(nullptr, wnd.m_hWnd);
-    EXPECT_EQ(1, wnd.postNcDestroyCalls);
-}
-
-TEST_F(DispatchTest, UnknownClassFailsWithoutAttaching)
-{
-    CDerivedTarget wnd;
-    EXPECT_FALSE(wnd.Create("NoSuchClassAnywhere", nullptr, 0, CRect(0, 0, 10, 10),
-                            CWnd::FromHandle(host), 1));
-    EXPECT_EQ(nullptr, wnd.m_hWnd);
-    EXPECT_EQ(1, wnd.postNcDestroyCalls);
+    CRefusingTarget refused;
+    EXPECT_FALSE(refused.Create(nullptr, nullptr, 0, CRect(0, 0, 10, 10), CWnd::FromHandle(host), 1));
+    EXPECT_EQ(nullptr, refused.m_hWnd);
+    EXPECT_EQ(1, refused.postNcDestroyCalls);
+    CDerivedTarget unknown;
+    EXPECT_FALSE(unknown.Create("NoSuchClassAnywhere", nullptr, 0, CRect(0, 0, 10, 10), CWnd::FromHandle(host), 1));
+    EXPECT_EQ(nullptr, unknown.m_hWnd);
+    EXPECT_EQ(1, unknown.postNcDestroyCalls);
 }
 
 TEST_F(DispatchTest, FromHandleWrapsForeignWindowsTemporarily)
@@ -149,17 +140,12 @@ TEST_F(DispatchTest, FromHandleWrapsForeignWindowsTemporarily)
 
 TEST_F(DispatchTest, PermanentObjectsLeakNothingOverManyLives)
 {
-    auto cycle = [&] {
+    RunRepeated([&] {
         CDerivedTarget wnd;
         wnd.Create(nullptr, nullptr, WS_VISIBLE, CRect(0, 0, 30, 30), CWnd::FromHandle(host), 1);
         wnd.SendMessage(WM_BOTH);
         wnd.DestroyWindow();
-    };
-    hytest::ObjectGuard local(cycle);
-    for (int i = 0; i < 100; ++i)
-        cycle();
-    AfxDeleteTempMaps();
-    EXPECT_TRUE(local.Check("100 create/destroy cycles"));
+    }, 100);
 }
 
 // ---- subclassing: Default() reaches the control's own procedure ----
@@ -282,44 +268,24 @@ protected:
     CSelfHandlingButton button;
 };
 
-TEST_F(ReflectionTest, ControlHandlesItsOwnClickAndParentHandlerDoesNotRun)
+// Clicks, sent or real, and notifications go to the control; an extended
+// handler may pass a click on to the parent.
+TEST_F(ReflectionTest, TheControlHandlesItsOwnNotificationsBeforeItsParent)
 {
     parent.SendMessage(WM_COMMAND, MAKEWPARAM(kButtonId, BN_CLICKED), (LPARAM)button.m_hWnd);
-    EXPECT_EQ(1, button.clicks);
-    EXPECT_EQ(0, parent.clicks);
-}
-
-TEST_F(ReflectionTest, ExtendedReflectionCanPassTheNotificationOn)
-{
-    button.passOn = TRUE;
-    parent.SendMessage(WM_COMMAND, MAKEWPARAM(kButtonId, BN_CLICKED), (LPARAM)button.m_hWnd);
-    EXPECT_EQ(1, button.clicks);
-    EXPECT_EQ(1, parent.clicks);
-}
-
-TEST_F(ReflectionTest, RealClickIsReflected)
-{
     button.SendMessage(BM_CLICK);
     hytest::PumpMessages();
-    EXPECT_EQ(1, button.clicks);
-    EXPECT_EQ(0, parent.clicks);
-}
-
-TEST_F(ReflectionTest, OwnerDrawGoesToTheControl)
-{
+    EXPECT_EQ(std::pair(2, 0), std::pair(button.clicks, parent.clicks));
+    button.passOn = TRUE;
+    parent.SendMessage(WM_COMMAND, MAKEWPARAM(kButtonId, BN_CLICKED), (LPARAM)button.m_hWnd);
+    EXPECT_EQ(std::pair(3, 1), std::pair(button.clicks, parent.clicks));
     // The button paints into a memory DC: an owner-draw button asks its parent.
     HDC dc = ::CreateCompatibleDC(nullptr);
     button.SendMessage(WM_PRINTCLIENT, (WPARAM)dc, PRF_CLIENT);
     ::DeleteDC(dc);
-    EXPECT_EQ(1, button.draws);
-    EXPECT_EQ(0, parent.drawItems);
-}
-
-TEST_F(ReflectionTest, ReflectedNotifyResultReachesTheSender)
-{
-    EXPECT_EQ(77, Notify(kCustomNotify));
-    EXPECT_EQ(1, button.notifies);
-    EXPECT_EQ(0, parent.notifies);
+    EXPECT_EQ(std::pair(1, 0), std::pair(button.draws, parent.drawItems));
+    EXPECT_EQ(77, Notify(kCustomNotify));   // the reflected result reaches the sender
+    EXPECT_EQ(std::pair(1, 0), std::pair(button.notifies, parent.notifies));
 }
 
 TEST_F(ReflectionTest, NotificationOfAPlainChildReachesTheParentMap)
