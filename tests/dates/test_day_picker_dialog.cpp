@@ -5,6 +5,8 @@
 
 #include <cstring>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "HyCalMonth.h"
 #include "HyDateHelpers.h"
@@ -64,6 +66,13 @@ protected:
     }
 };
 
+std::vector<int> Ymd(CHyDayPickerDlg& dialog)
+{
+    int y, m, d;
+    dialog.GetSelectYearMonthDay(y, m, d);
+    return { y, m, d };
+}
+
 TEST_F(DayPickerDialogTest, PickerTakesThePlaceholdersPlaceAndTabOrderAndOpensOnTheDate)
 {
     CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
@@ -91,11 +100,7 @@ TEST_F(DayPickerDialogTest, PickerTakesThePlaceholdersPlaceAndTabOrderAndOpensOn
         ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
     });
     EXPECT_EQ(pickerRect, placeholder);
-    EXPECT_EQ(cols, 1);
-    EXPECT_EQ(rows, 1);
-    EXPECT_EQ(y, 2005);
-    EXPECT_EQ(m, 11);
-    EXPECT_EQ(d, 15);
+    EXPECT_EQ(std::vector<int>({ 1, 1, 2005, 11, 15 }), std::vector<int>({ cols, rows, y, m, d }));
 }
 
 TEST_F(DayPickerDialogTest, DoubleClickingADayConfirmsThatDay)
@@ -107,11 +112,7 @@ TEST_F(DayPickerDialogTest, DoubleClickingADayConfirmsThatDay)
         hytest::DoubleClick(picker->m_hWnd, at.x, at.y);
     });
     EXPECT_EQ(result, IDOK);
-    int y, m, d;
-    dialog.GetSelectYearMonthDay(y, m, d);
-    EXPECT_EQ(y, 2005);
-    EXPECT_EQ(m, 11);
-    EXPECT_EQ(d, 24);
+    EXPECT_EQ(Ymd(dialog), std::vector<int>({ 2005, 11, 24 }));
 }
 
 TEST_F(DayPickerDialogTest, TodaySelectsTodayAndKeepsTheDialogOpen)
@@ -129,13 +130,8 @@ TEST_F(DayPickerDialogTest, TodaySelectsTodayAndKeepsTheDialogOpen)
     });
     EXPECT_TRUE(stillOpen);
     EXPECT_EQ(result, IDOK);
-    EXPECT_EQ(shownMonth, now.GetMonth());
-    EXPECT_EQ(shownYear, now.GetYear());
-    int y, m, d;
-    dialog.GetSelectYearMonthDay(y, m, d);
-    EXPECT_EQ(y, now.GetYear());
-    EXPECT_EQ(m, now.GetMonth());
-    EXPECT_EQ(d, now.GetDay());
+    EXPECT_EQ(std::pair(shownMonth, shownYear), std::pair(now.GetMonth(), now.GetYear()));
+    EXPECT_EQ(Ymd(dialog), std::vector<int>({ now.GetYear(), now.GetMonth(), now.GetDay() }));
 }
 
 TEST_F(DayPickerDialogTest, CancelKeepsTheDayTakenFromTheInitialDate)
@@ -147,34 +143,18 @@ TEST_F(DayPickerDialogTest, CancelKeepsTheDayTakenFromTheInitialDate)
         hytest::Click(picker->m_hWnd, at.x, at.y);
         ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
     });
-    int y, m, d;
-    dialog.GetSelectYearMonthDay(y, m, d);
-    EXPECT_EQ(d, 15);
-    EXPECT_EQ(m, 11);
-    EXPECT_EQ(y, 2005);
+    EXPECT_EQ(Ymd(dialog), std::vector<int>({ 2005, 11, 15 }));
 }
 
 TEST_F(DayPickerDialogTest, MinusOneOpensOnTodayAndZeroOnTheOleEpoch)
 {
     const COleDateTime now = COleDateTime::GetCurrentTime();
-    for (double start : {-1.0, 0.0})
+    for (auto [start, want] : { std::pair(-1.0, std::vector<int>{ now.GetYear(), now.GetMonth(), now.GetDay() }),
+                                std::pair(0.0, std::vector<int>{ 1899, 12, 30 }) })
     {
         CHyDayPickerDlg dialog(start);
         RunDialog(dialog, [](HWND h) { ::PostMessage(h, WM_COMMAND, IDOK, 0); });
-        int y, m, d;
-        dialog.GetSelectYearMonthDay(y, m, d);
-        if (start == -1.0)
-        {
-            EXPECT_EQ(y, now.GetYear());
-            EXPECT_EQ(m, now.GetMonth());
-            EXPECT_EQ(d, now.GetDay());
-        }
-        else
-        {
-            EXPECT_EQ(y, 1899);
-            EXPECT_EQ(m, 12);
-            EXPECT_EQ(d, 30);
-        }
+        EXPECT_EQ(Ymd(dialog), want) << start;
     }
 }
 

@@ -138,7 +138,7 @@ protected:
 
 }  // namespace
 
-TEST_F(BaseDialogTest, TemplateComesFromTheHostBeforeTheChain)
+TEST_F(BaseDialogTest, TemplateComesFromTheHostThenTheChainAndAMissingOneAnswersMinusOne)
 {
     ChainModule chain;
     INT_PTR result = 0;
@@ -154,22 +154,13 @@ TEST_F(BaseDialogTest, TemplateComesFromTheHostBeforeTheChain)
     EXPECT_EQ("New Category", fromHost.caption);
     EXPECT_TRUE(fromHost.hasNameEdit);
     EXPECT_EQ(nullptr, host.m_hWnd);
-}
 
-TEST_F(BaseDialogTest, TemplateTheHostLacksComesFromTheChain)
-{
-    ChainModule chain;
-    INT_PTR result = 0;
-    CBaseDialog dlg(kChainOnly);
-    EXPECT_EQ("Chain only", RunAndCancel(dlg, &result).caption);
+    CBaseDialog chainOnly(kChainOnly);   // what the host lacks comes from the chain
+    EXPECT_EQ("Chain only", RunAndCancel(chainOnly, &result).caption);
     EXPECT_EQ(IDCANCEL, result);
-}
-
-TEST_F(BaseDialogTest, MissingTemplateAnswersMinusOne)
-{
-    CBaseDialog dlg(kNowhere);
+    CBaseDialog nowhere(kNowhere);
     hytest::DialogDriver driver([](HWND h) { ::PostMessage(h, WM_COMMAND, IDCANCEL, 0); });
-    EXPECT_EQ(-1, dlg.DoModal());
+    EXPECT_EQ(-1, nowhere.DoModal());
     EXPECT_EQ(0, driver.Count());
 }
 
