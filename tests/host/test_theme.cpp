@@ -108,9 +108,11 @@ TEST(ThemeSwatches, CategoriesMapToSixteenDistinctSwatchesAndOutOfRangeIsRefused
         EXPECT_EQ(HYThemeSwatchColor(bad), HYThemeFallbackColor()) << bad;
     // Two swatches read as two colours at 12 x 9 pixels (the colour-blind
     // views were checked when the palette was chosen: docs/theme.md).
-    for (int i = 1; i <= 16; ++i)
+    for (int i = 1; i <= 16; ++i) {
+        EXPECT_NE(HYThemeSwatchColor(i), HYThemeFallbackColor()) << i;
         for (int j = i + 1; j <= 16; ++j)
             EXPECT_GE(RgbDistance(HYThemeSwatchColor(i), HYThemeSwatchColor(j)), 55.0) << i << " and " << j;
+    }
 }
 
 TEST(ThemeFonts, FontsAndBrushesAreOneObjectEachOwnedByTheTheme)
