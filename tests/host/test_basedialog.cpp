@@ -6,6 +6,7 @@
 #include "HyBaseDialog.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -138,7 +139,7 @@ protected:
 
 }  // namespace
 
-TEST_F(BaseDialogTest, TemplateComesFromTheHostThenTheChainAndAMissingOneAnswersMinusOne)
+TEST_F(BaseDialogTest, TemplateComesFromTheHostThenTheChainAndAMissingOneAnswersMinusOneModalOrNot)
 {
     ChainModule chain;
     INT_PTR result = 0;
@@ -162,6 +163,17 @@ TEST_F(BaseDialogTest, TemplateComesFromTheHostThenTheChainAndAMissingOneAnswers
     hytest::DialogDriver driver([](HWND h) { ::PostMessage(h, WM_COMMAND, IDCANCEL, 0); });
     EXPECT_EQ(-1, nowhere.DoModal());
     EXPECT_EQ(0, driver.Count());
+
+    // Modeless: the same order.
+    hytest::HostFrame frame;
+    for (const auto& [id, caption] : { std::pair<UINT, std::string>{ kHostTemplate, "New Category" },
+                                        { kChainOnly, "Chain only" } }) {
+        CBaseDialog modeless;
+        ASSERT_TRUE(modeless.Create(id, CWnd::FromHandle(frame)));
+        EXPECT_EQ(caption, Caption(modeless.m_hWnd));
+        modeless.DestroyWindow();
+    }
+    hytest::PumpMessages();
 }
 
 TEST_F(BaseDialogTest, HostDialogExchangesDataAndRefusesWithHostTexts)
@@ -186,39 +198,16 @@ TEST_F(BaseDialogTest, HostDialogExchangesDataAndRefusesWithHostTexts)
     EXPECT_EQ(1, dlg.refusals);
     EXPECT_STREQ("Team", dlg.m_name);
     ASSERT_EQ(1, boxes.Count());
-    EXPECT_EQ(std::string(CBaseDialog::LoadHostString(183)), boxes.Calls()[0].text);
-    EXPECT_EQ(std::string(CBaseDialog::LoadHostString(182)), boxes.Calls()[0].caption);
-    EXPECT_FALSE(boxes.Calls()[0].text.empty());
+    char text[256] = {}, caption[256] = {};
+    ::LoadStringA(CBaseDialog::GetHostResourceHandle(), 183, text, sizeof text);
+    ::LoadStringA(CBaseDialog::GetHostResourceHandle(), 182, caption, sizeof caption);
+    EXPECT_NE("", std::string(text));
+    EXPECT_EQ(std::string(text) + "|" + caption, boxes.Calls()[0].text + "|" + boxes.Calls()[0].caption);
     EXPECT_EQ((UINT)MB_ICONEXCLAMATION, boxes.Calls()[0].type & MB_ICONMASK);
-}
 
-TEST_F(BaseDialogTest, HostStringsComeFromTheHostModule)
-{
-    CString s;
-    EXPECT_TRUE(CBaseDialog::LoadHostString(s, 283));
-    char direct[256] = {};
-    ::LoadStringA(CBaseDialog::GetHostResourceHandle(), 283, direct, sizeof direct);
-    EXPECT_STREQ(direct, s);
-    EXPECT_FALSE(s.IsEmpty());
-
-    s = "stale";
+    CString s = "stale";   // a missing host string empties the output
     EXPECT_FALSE(CBaseDialog::LoadHostString(s, 4343));
     EXPECT_TRUE(s.IsEmpty());
-}
-
-TEST_F(BaseDialogTest, ModelessCreateUsesTheHostTemplate)
-{
-    ChainModule chain;
-    hytest::HostFrame frame;
-    CBaseDialog dlg;
-    ASSERT_TRUE(dlg.Create(kHostTemplate, CWnd::FromHandle(frame)));
-    EXPECT_EQ("New Category", Caption(dlg.m_hWnd));
-    EXPECT_NE(nullptr, dlg.GetDlgItem(kNameEdit));
-    dlg.DestroyWindow();
-
-    CBaseDialog other;
-    ASSERT_TRUE(other.Create(kChainOnly, CWnd::FromHandle(frame)));
-    EXPECT_EQ("Chain only", Caption(other.m_hWnd));
-    other.DestroyWindow();
-    hytest::PumpMessages();
+    EXPECT_TRUE(CBaseDialog::LoadHostString(s, 183));
+    EXPECT_STREQ(text, s);
 }

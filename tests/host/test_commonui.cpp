@@ -1,6 +1,7 @@
 // The host's common-UI services: language folder, language modules, profile.
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 #include <afxwin.h>
 #include "HyCommonUI.h"
 
@@ -21,50 +22,35 @@ std::string TempFile(const char* name)
     return std::string(dir) + name;
 }
 
-TEST(LangDirectoryTest, DefaultIsTheEnglishFolderBesideTheHostKit)
+std::string LangDir()
 {
-    ::SetEnvironmentVariableA("HYHOST_LANGDIR", nullptr);
-    HySetLangDllDirectory(nullptr);
     CString dir;
     GetTernLangDllDirectory(dir);
-    EXPECT_STREQ((ExeFolder() + "\\lang\\en").c_str(), dir);
+    return std::string(dir);
 }
 
-TEST(LangDirectoryTest, EnvironmentThenHostSettingOverride)
+// The answer and the value of a profile read; -1 stands for "left alone".
+std::vector<int> ProfileInt(const char* section, const char* key)
 {
+    int value = -1;
+    return { HyGetProfileInt(section, key, &value) != FALSE, value };
+}
+
+}  // namespace
+
+TEST(HostLanguage, TheFolderIsTheHostsSettingElseTheEnvironmentElseEnglishBesideTheKit)
+{
+    HySetLangDllDirectory(nullptr);
+    EXPECT_EQ(ExeFolder() + "\\lang\\en", LangDir());
     ::SetEnvironmentVariableA("HYHOST_LANGDIR", "C:\\from\\env");
-    CString dir;
-    GetTernLangDllDirectory(dir);
-    EXPECT_STREQ("C:\\from\\env", dir);
+    EXPECT_EQ("C:\\from\\env", LangDir());
     HySetLangDllDirectory("C:\\set\\by\\host");
-    GetTernLangDllDirectory(dir);
-    EXPECT_STREQ("C:\\set\\by\\host", dir);
+    EXPECT_EQ("C:\\set\\by\\host", LangDir());
     HySetLangDllDirectory("");
     ::SetEnvironmentVariableA("HYHOST_LANGDIR", nullptr);
 }
 
-TEST(LangModuleTest, AbsentModuleGivesTheOwnInstance)
-{
-    HINSTANCE own = ::GetModuleHandleA(nullptr);
-    DWORD word = 99;
-    EXPECT_EQ(own, HyLoadLangModule("C:\\no\\such\\folder\\HyLangUI.dll", own, &word));
-    EXPECT_EQ(0u, word);
-    EXPECT_EQ(own, HyLoadLangModule(nullptr, own, &word));
-    // A module without a string table (a copy of this test program) is no
-    // language module: the own copy serves.
-    char self[MAX_PATH] = "", copy[MAX_PATH] = "";
-    ::GetModuleFileNameA(nullptr, self, MAX_PATH);
-    ::GetTempPathA(MAX_PATH, copy);
-    lstrcatA(copy, "hy-no-strings.dll");
-    ASSERT_TRUE(::CopyFileA(self, copy, FALSE));
-    EXPECT_EQ(own, HyLoadLangModule(copy, own, &word));
-    EXPECT_EQ(0u, word);
-    ::DeleteFileA(copy);
-    EXPECT_FALSE(HyReleaseLangModule(own, own));
-    EXPECT_FALSE(HyReleaseLangModule(nullptr, own));
-}
-
-TEST(LangModuleTest, ResourceModuleIsLoadedAndReleased)
+TEST(HostLanguage, AResourceModuleIsLoadedElseTheOwnInstanceServes)
 {
     HINSTANCE own = ::GetModuleHandleA(nullptr);
     DWORD word = 0;
@@ -73,71 +59,49 @@ TEST(LangModuleTest, ResourceModuleIsLoadedAndReleased)
     ASSERT_NE(nullptr, module);
     EXPECT_EQ((DWORD)MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), word);
     char text[32] = "";
-    EXPECT_GT(::LoadStringA(module, 100, text, sizeof text), 0);
+    ::LoadStringA(module, 100, text, sizeof text);
     EXPECT_STREQ("second", text);
     EXPECT_TRUE(HyReleaseLangModule(module, own));
+
+    // Absent, unnamed, or without a string table (a copy of this program).
+    char self[MAX_PATH] = "";
+    ::GetModuleFileNameA(nullptr, self, MAX_PATH);
+    const std::string copy = TempFile("hy-no-strings.dll");
+    ASSERT_TRUE(::CopyFileA(self, copy.c_str(), FALSE));
+    for (const char* path : { "C:\\no\\such\\folder\\HyLangUI.dll", (const char*)nullptr, copy.c_str() }) {
+        word = 99;
+        EXPECT_EQ(own, HyLoadLangModule(path, own, &word)) << (path ? path : "null");
+        EXPECT_EQ(0u, word);
+    }
+    ::DeleteFileA(copy.c_str());
+    EXPECT_FALSE(HyReleaseLangModule(own, own));
+    EXPECT_FALSE(HyReleaseLangModule(nullptr, own));
 }
 
-class ProfileTest : public ::testing::Test
+TEST(HostProfile, ReadsWholeIntegersAndAnswersZeroForAnythingElse)
 {
-protected:
-    void SetUp() override
-    {
-        path = TempFile("hyhost-profile-test.ini");
-        ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", "1", path.c_str());
-        ::WritePrivateProfileStringA("Almanac", "Garbled", "12abc", path.c_str());
-        ::WritePrivateProfileStringA("Almanac", "Negative", "-3", path.c_str());
-        HySetProfilePath(path.c_str());
-    }
-    void TearDown() override
-    {
-        HySetProfilePath(nullptr);
-        ::DeleteFileA(path.c_str());
-    }
-    std::string path;
-};
-
-TEST_F(ProfileTest, ReadsIntegersOfTheHostProfile)
-{
-    int value = -1;
-    EXPECT_TRUE(HyGetProfileInt("Almanac", "WorkWeekBegins", &value));
-    EXPECT_EQ(1, value);
-    EXPECT_TRUE(HyGetProfileInt("Almanac", "Negative", &value));
-    EXPECT_EQ(-3, value);
-}
-
-TEST_F(ProfileTest, AbsentOrUnreadableValuesAreZero)
-{
-    int value = -1;
-    EXPECT_FALSE(HyGetProfileInt("Almanac", "NoSuchKey", &value));
-    EXPECT_EQ(0, value);
-    value = -1;
-    EXPECT_FALSE(HyGetProfileInt("Almanac", "Garbled", &value));
-    EXPECT_EQ(0, value);
-    value = -1;
-    EXPECT_FALSE(HyGetProfileInt("NoSuchSection", "WorkWeekBegins", &value));
-    EXPECT_EQ(0, value);
+    const std::string path = TempFile("hyhost-profile-test.ini");
+    ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", "1", path.c_str());
+    ::WritePrivateProfileStringA("Almanac", "Garbled", "12abc", path.c_str());
+    ::WritePrivateProfileStringA("Almanac", "Negative", "-3", path.c_str());
+    HySetProfilePath(path.c_str());
+    EXPECT_EQ((std::vector<int>{ 1, 1 }), ProfileInt("Almanac", "WorkWeekBegins"));
+    EXPECT_EQ((std::vector<int>{ 1, -3 }), ProfileInt("Almanac", "Negative"));
+    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "NoSuchKey"));
+    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "Garbled"));
+    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("NoSuchSection", "WorkWeekBegins"));
     EXPECT_FALSE(HyGetProfileInt("Almanac", "WorkWeekBegins", nullptr));
     HySetProfilePath(TempFile("hyhost-no-such-profile.ini").c_str());
-    value = -1;
-    EXPECT_FALSE(HyGetProfileInt("Almanac", "WorkWeekBegins", &value));
-    EXPECT_EQ(0, value);
-}
+    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "WorkWeekBegins"));
+    HySetProfilePath(nullptr);
+    ::DeleteFileA(path.c_str());
 
-}  // namespace
-
-namespace {
-
-TEST(HostModuleTest, HostResourcesAreFoundThroughTheChain)
-{
-    // String 283 is one of the host's own (host/res/HyHost.rc).
+    // The host's own strings are found through the resource chain.
     CString s;
     ASSERT_TRUE(s.LoadString(283));
     HMODULE host = ::GetModuleHandleA("HyHost.dll");
     char direct[256] = "";
-    ASSERT_GT(::LoadStringA(host, 283, direct, sizeof direct), 0);
+    ::LoadStringA(host, 283, direct, sizeof direct);
     EXPECT_STREQ(direct, s);
     EXPECT_EQ(host, AfxFindStringResourceHandle(283));
 }
-
-}  // namespace

@@ -238,21 +238,11 @@ namespace {
 // A 20 x 20 bitmap with four 10 x 10 quadrants: red, green / blue, white.
 HBITMAP MakeQuadrants()
 {
-    HDC hdc = ::CreateCompatibleDC(NULL);
-    BITMAPINFO bi = {};
-    bi.bmiHeader.biSize = sizeof(bi.bmiHeader);
-    bi.bmiHeader.biWidth = 20;
-    bi.bmiHeader.biHeight = -20;
-    bi.bmiHeader.biPlanes = 1;
-    bi.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    HBITMAP hbm = ::CreateDIBSection(hdc, &bi, DIB_RGB_COLORS, &bits, NULL, 0);
-    DWORD* p = static_cast<DWORD*>(bits);
+    DWORD bits[20 * 20];
     for (int y = 0; y < 20; ++y)
         for (int x = 0; x < 20; ++x)
-            p[y * 20 + x] = y < 10 ? (x < 10 ? 0xFF0000 : 0x00FF00) : (x < 10 ? 0x0000FF : 0xFFFFFF);
-    ::DeleteDC(hdc);
-    return hbm;
+            bits[y * 20 + x] = y < 10 ? (x < 10 ? 0xFF0000 : 0x00FF00) : (x < 10 ? 0x0000FF : 0xFFFFFF);
+    return ::CreateBitmap(20, 20, 1, 32, bits);
 }
 
 }  // namespace
