@@ -84,11 +84,8 @@ TEST_P(StringTable, EveryTextIsExactOrTranslatedWithItsConversions)
     EXPECT_TRUE(!german || TableString(module.get(), IDS_URL_INVALID).find(L"ung\u00fcltig") != std::wstring::npos);
 }
 
-INSTANTIATE_TEST_SUITE_P(Resources, StringTable,
-                         ::testing::Values(restest::kHyUI, restest::kLangDe),
-                         [](const ::testing::TestParamInfo<ModuleSpec>& info) {
-                             return std::string(info.param.german ? "GermanModule" : "EnglishLibrary");
-                         });
+INSTANTIATE_TEST_SUITE_P(Resources, StringTable, ::testing::Values(restest::kHyUI, restest::kLangDe),
+                         restest::ModuleTestName);
 
 // ---- Bitmaps -----------------------------------------------------------------
 
@@ -197,12 +194,8 @@ TEST_P(Pictures, ResizeCursorsHaveTheirHotSpotInTheMiddle)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Resources, Pictures,
-                         ::testing::Values(restest::kHyUI, restest::kLangDe),
-                         [](const ::testing::TestParamInfo<ModuleSpec>& info) {
-                             return std::string(info.param.german ? "German" : "English") +
-                                    (info.param.german ? "Module" : "Library");
-                         });
+INSTANTIATE_TEST_SUITE_P(Resources, Pictures, ::testing::Values(restest::kHyUI, restest::kLangDe),
+                         restest::ModuleTestName);
 
 // The ids of every resource of a type in a module.
 std::vector<UINT> ResourceIds(HMODULE module, LPCWSTR type)
