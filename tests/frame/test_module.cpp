@@ -57,96 +57,62 @@ protected:
     HINSTANCE own = nullptr, language = nullptr;
 };
 
-TEST_F(ModuleStartTest, FirstAttachLoadsTheLanguageModuleFromTheThemeFolder)
+TEST_F(ModuleStartTest, FirstAttachLoadsTheLanguageModuleLastDetachReleasesIt)
 {
-    int entries = CDynLinkLibrary::GetCount();
+    const int entries = CDynLinkLibrary::GetCount();
     ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
-    ASSERT_EQ(1u, log.loads.size());
-    EXPECT_EQ("C:\\HyUI\\lang\\de\\HyLangUI.dll", log.loads[0]);
-    EXPECT_EQ(own, log.loadOwners[0]);
-    EXPECT_EQ(own, state.hOwnInstance);
-    EXPECT_EQ(language, state.hResource);
+    EXPECT_EQ(std::vector<std::string>{ "C:\\HyUI\\lang\\de\\HyLangUI.dll" }, log.loads);
+    EXPECT_EQ(std::vector<HINSTANCE>{ own }, log.loadOwners);
+    EXPECT_EQ((std::vector<HINSTANCE>{ own, language, language }),
+              (std::vector<HINSTANCE>{ state.hOwnInstance, state.hResource, state.record.hResource }));
     EXPECT_EQ(0x5A5Au, state.loaderWord);
-    EXPECT_EQ(1, state.attachCount);
-    EXPECT_EQ(language, state.record.hResource);   // the record is the language module's
-    EXPECT_EQ(entries + 1, CDynLinkLibrary::GetCount());
-}
-
-TEST_F(ModuleStartTest, FolderEndingInABackslashGetsASecondOne)
-{
-    log.directory = "C:\\lang\\";
-    ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
-    EXPECT_EQ("C:\\lang\\\\HyLangUI.dll", log.loads.at(0));
-}
-
-TEST_F(ModuleStartTest, SecondAttachAddsAnEntryWithoutLoadingAgain)
-{
-    int entries = CDynLinkLibrary::GetCount();
-    ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
-    ASSERT_TRUE(HyModuleAttach(state, (HINSTANCE)0x1234, kRecording));
-    EXPECT_EQ(1u, log.loads.size());
-    EXPECT_EQ(own, state.hOwnInstance);   // recorded at the first attach only
-    EXPECT_EQ(2, state.attachCount);
-    EXPECT_EQ(entries + 2, CDynLinkLibrary::GetCount());
-    EXPECT_TRUE(state.record.bInitialized);
-}
-
-TEST_F(ModuleStartTest, ResourcesComeFromTheLanguageModuleThroughTheChain)
-{
-    ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
+    // Resources come from the language module through the chain.
     CString s;
     ASSERT_TRUE(s.LoadString(102));
     EXPECT_STREQ("second only", s);
     EXPECT_EQ(language, AfxFindResourceHandle(MAKEINTRESOURCE(200), RT_DIALOG));
-}
 
-TEST_F(ModuleStartTest, LastDetachReleasesAndFallsBackToTheOwnInstance)
-{
-    ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
-    ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
+    // A second attach adds an entry without loading again; the own instance
+    // is recorded at the first attach only.
+    ASSERT_TRUE(HyModuleAttach(state, (HINSTANCE)0x1234, kRecording));
+    EXPECT_EQ(1u, log.loads.size());
+    EXPECT_EQ(own, state.hOwnInstance);
+    EXPECT_EQ(2, state.attachCount);
+    EXPECT_EQ(entries + 2, CDynLinkLibrary::GetCount());
+    EXPECT_TRUE(state.record.bInitialized);
+
     EXPECT_TRUE(HyModuleDetach(state, kRecording));
     EXPECT_TRUE(log.releases.empty());   // not the last detach yet
     EXPECT_EQ(language, state.hResource);
     EXPECT_TRUE(HyModuleDetach(state, kRecording));
-    ASSERT_EQ(1u, log.releases.size());
-    EXPECT_EQ(language, log.releases[0].first);
-    EXPECT_EQ(own, log.releases[0].second);
+    EXPECT_EQ((std::vector<std::pair<HINSTANCE, HINSTANCE>>{ { language, own } }), log.releases);
     EXPECT_EQ(own, state.hResource);
     EXPECT_EQ(0, state.attachCount);
+    EXPECT_EQ(entries, CDynLinkLibrary::GetCount());
+    EXPECT_FALSE(state.record.bInitialized);
 }
 
-TEST_F(ModuleStartTest, ReleaseAnsweringZeroKeepsTheHandle)
+TEST_F(ModuleStartTest, AFolderEndingInABackslashGetsASecondOneAndARefusedReleaseKeepsTheHandle)
 {
+    log.directory = "C:\\lang\\";
     log.releaseAnswer = FALSE;
     ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
+    EXPECT_EQ("C:\\lang\\\\HyLangUI.dll", log.loads.at(0));
     EXPECT_TRUE(HyModuleDetach(state, kRecording));
     EXPECT_EQ(1u, log.releases.size());
     EXPECT_EQ(language, state.hResource);
 }
 
-TEST_F(ModuleStartTest, DetachRemovesTheRecordsEntries)
-{
-    int entries = CDynLinkLibrary::GetCount();
-    ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
-    EXPECT_TRUE(HyModuleDetach(state, kRecording));
-    EXPECT_EQ(entries, CDynLinkLibrary::GetCount());
-    EXPECT_FALSE(state.record.bInitialized);
-}
-
-TEST_F(ModuleStartTest, RefusedRecordFailsTheAttach)
+TEST_F(ModuleStartTest, ARefusedRecordFailsTheAttach)
 {
     log.answer = nullptr;   // the framework refuses a record without a module
-    int entries = CDynLinkLibrary::GetCount();
+    const int entries = CDynLinkLibrary::GetCount();
     EXPECT_FALSE(HyModuleAttach(state, own, kRecording));
     EXPECT_EQ(entries, CDynLinkLibrary::GetCount());
     EXPECT_EQ(1, state.attachCount);   // counted before the record was refused
     state.attachCount = 0;
-}
 
-TEST(InitHyUIDLLTest, AddsOneEntryForTheLibrary)
-{
-    int entries = CDynLinkLibrary::GetCount();
-    CDynLinkLibrary* entry = InitHyUIDLL();
+    CDynLinkLibrary* entry = InitHyUIDLL();   // the library's own entry
     ASSERT_NE(nullptr, entry);
     EXPECT_EQ(entries + 1, CDynLinkLibrary::GetCount());
     EXPECT_EQ(::GetModuleHandleA("HyUI.dll"), entry->m_hOwner);
