@@ -254,61 +254,67 @@ TEST_F(PickerMenuTest, CaptionMenusListNineEntriesAndMoveTheDisplay)
 
 // ---- keyboard ----------------------------------------------------------------
 
-struct KeyCase
+// One key on a fresh picker (three calendars from the given month, the given
+// day highlighted): the display and highlight afterwards, and what the
+// notify window is told. A refused key beeps (-1) and reports nothing.
+struct KeyRow
 {
-    const char* name;
+    const char* what;
     UINT vk;
     unsigned mods;
-    int month, year;          // display afterwards
-    int hMonth, hDay, hYear;  // highlight afterwards
+    int month, year, y, m, d;       // before
+    int month2, year2, y2, m2, d2;  // after
     bool monthsChanged;
+    int beeps;
 };
 
-class PickerKeyTest : public PickerTest, public ::testing::WithParamInterface<KeyCase>
+TEST_F(PickerTest, KeysMoveAndReportOrBeepAsTheTableSays)
 {
-};
-
-TEST_P(PickerKeyTest, KeyMovesAndReports)
-{
-    const KeyCase& k = GetParam();
-    Create();
-    {
-        hytest::Modifiers mods(k.mods);
-        hytest::KeyDown(picker, k.vk);
+    const unsigned ctrl = hytest::kCtrl;
+    const std::vector<KeyRow> rows = {
+        {"Left", VK_LEFT, 0, 11, 2005, 2005, 11, 15, 11, 2005, 2005, 11, 14, false, 0},
+        {"Right", VK_RIGHT, 0, 11, 2005, 2005, 11, 15, 11, 2005, 2005, 11, 16, false, 0},
+        {"Up", VK_UP, 0, 11, 2005, 2005, 11, 15, 11, 2005, 2005, 11, 8, false, 0},
+        {"Down", VK_DOWN, 0, 11, 2005, 2005, 11, 15, 11, 2005, 2005, 11, 22, false, 0},
+        {"PageDown", VK_NEXT, 0, 11, 2005, 2005, 11, 15, 2, 2006, 2006, 2, 15, true, 0},
+        {"PageUp", VK_PRIOR, 0, 11, 2005, 2005, 11, 15, 8, 2005, 2005, 8, 15, true, 0},
+        {"Ctrl+PageDown", VK_NEXT, ctrl, 11, 2005, 2005, 11, 15, 11, 2006, 2006, 11, 15, true, 0},
+        {"Ctrl+PageUp", VK_PRIOR, ctrl, 11, 2005, 2005, 11, 15, 11, 2004, 2004, 11, 15, true, 0},
+        {"Home", VK_HOME, 0, 11, 2005, 2005, 11, 15, 1, 2005, 2005, 1, 15, true, 0},
+        // End: the last calendar shows December of its year (2006).
+        {"End", VK_END, 0, 11, 2005, 2005, 11, 15, 10, 2006, 2006, 10, 15, true, 0},
+        {"Right into a month not shown brings it into view first", VK_RIGHT, 0, 11, 2005, 2006, 1, 31, 2, 2006,
+         2006, 2, 1, true, 0},
+        {"PageUp before the first year", VK_PRIOR, 0, 2, 1970, 1970, 2, 15, 2, 1970, 1970, 2, 15, false, 1},
+        {"PageDown after the last year", VK_NEXT, 0, 11, 2031, 2031, 11, 15, 11, 2031, 2031, 11, 15, false, 1},
+        {"Home on January", VK_HOME, 0, 1, 2005, 2005, 1, 15, 1, 2005, 2005, 1, 15, false, 1},
+        {"End on December", VK_END, 0, 10, 2005, 2005, 10, 15, 10, 2005, 2005, 10, 15, false, 1},
+        {"Left before the first year", VK_LEFT, 0, 1, 1970, 1970, 1, 1, 1, 1970, 1970, 1, 1, false, 1},
+        {"Down after the last year", VK_DOWN, 0, 11, 2031, 2031, 12, 28, 11, 2031, 2031, 12, 28, false, 1},
+    };
+    for (const KeyRow& k : rows) {
+        SCOPED_TRACE(k.what);
+        if (picker.m_hWnd)
+            picker.DestroyWindow();
+        Create(3, 1, k.month, k.year);
+        picker.SetSelection(k.y, k.m, k.d, 0);
+        Clear();
+        hytest::BeepRecorder beeps;
+        {
+            hytest::Modifiers mods(k.mods);
+            hytest::KeyDown(picker, k.vk);
+        }
+        hytest::KeyUp(picker, k.vk);
+        hytest::PumpMessages();
+        ExpectDisplay(k.month2, k.year2);
+        ExpectHighlight(k.y2, k.m2, k.d2);
+        std::vector<Expect> told;
+        if (k.monthsChanged) told.push_back(MonthsChanged());
+        if (k.beeps == 0) told.push_back(Sel(k.y2, k.m2, k.d2));
+        EXPECT_TRUE(notify.Matches(told));
+        EXPECT_TRUE(parent.Matches({}));
+        EXPECT_EQ(std::vector<UINT>(k.beeps, (UINT)-1), beeps.Types());
     }
-    hytest::KeyUp(picker, k.vk);
-    ExpectDisplay(k.month, k.year);
-    ExpectHighlight(k.hYear, k.hMonth, k.hDay);
-    if (k.monthsChanged)
-        EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(k.hYear, k.hMonth, k.hDay)}));
-    else
-        EXPECT_TRUE(notify.Matches({Sel(k.hYear, k.hMonth, k.hDay)}));
-    EXPECT_TRUE(parent.Matches({}));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, PickerKeyTest,
-    ::testing::Values(KeyCase{"Left", VK_LEFT, 0, 11, 2005, 11, 14, 2005, false},
-                      KeyCase{"Right", VK_RIGHT, 0, 11, 2005, 11, 16, 2005, false},
-                      KeyCase{"Up", VK_UP, 0, 11, 2005, 11, 8, 2005, false},
-                      KeyCase{"Down", VK_DOWN, 0, 11, 2005, 11, 22, 2005, false},
-                      KeyCase{"PageDown", VK_NEXT, 0, 2, 2006, 2, 15, 2006, true},
-                      KeyCase{"PageUp", VK_PRIOR, 0, 8, 2005, 8, 15, 2005, true},
-                      KeyCase{"CtrlPageDown", VK_NEXT, hytest::kCtrl, 11, 2006, 11, 15, 2006, true},
-                      KeyCase{"CtrlPageUp", VK_PRIOR, hytest::kCtrl, 11, 2004, 11, 15, 2004, true},
-                      KeyCase{"Home", VK_HOME, 0, 1, 2005, 1, 15, 2005, true},
-                      // End: the last calendar shows December of its year (2006).
-                      KeyCase{"End", VK_END, 0, 10, 2006, 10, 15, 2006, true}),
-    [](const ::testing::TestParamInfo<KeyCase>& info) { return std::string(info.param.name); });
-
-TEST_F(PickerTest, ArrowIntoAMonthNotShownBringsItIntoViewFirst)
-{
-    Create();
-    picker.SetSelection(2006, 1, 31, 0);
-    Clear();
-    hytest::KeyPress(picker, VK_RIGHT);
-    ExpectDisplay(2, 2006);
-    EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2006, 2, 1)}));
 }
 
 TEST_F(PickerTest, ArrowIntoTheMissingDaysOf1752FallsBackToTheFirst)
@@ -341,43 +347,6 @@ TEST_F(PickerTest, TabMovesToTheNextOrPreviousControlAndReportsNothing)
     EXPECT_TRUE(notify.Matches({}));
 }
 
-struct RefusedKey
-{
-    const char* name;
-    UINT vk;
-    int month, year;   // display before
-    int hMonth, hDay, hYear;
-};
-
-class PickerRefusedKeyTest : public PickerTest, public ::testing::WithParamInterface<RefusedKey>
-{
-};
-
-TEST_P(PickerRefusedKeyTest, BeepsAndPostsNothing)
-{
-    const RefusedKey& k = GetParam();
-    Create(3, 1, k.month, k.year);
-    picker.SetSelection(k.hYear, k.hMonth, k.hDay, 0);
-    Clear();
-    hytest::BeepRecorder beeps;
-    hytest::KeyPress(picker, k.vk);
-    EXPECT_EQ(beeps.Count(), 1);
-    EXPECT_EQ(beeps.Types()[0], (UINT)-1);
-    ExpectDisplay(k.month, k.year);
-    ExpectHighlight(k.hYear, k.hMonth, k.hDay);
-    EXPECT_TRUE(notify.Matches({}));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, PickerRefusedKeyTest,
-    ::testing::Values(RefusedKey{"PageUpBeforeTheFirstYear", VK_PRIOR, 2, 1970, 2, 15, 1970},
-                      RefusedKey{"PageDownAfterTheLastYear", VK_NEXT, 11, 2031, 11, 15, 2031},
-                      RefusedKey{"HomeOnJanuary", VK_HOME, 1, 2005, 1, 15, 2005},
-                      RefusedKey{"EndOnDecember", VK_END, 10, 2005, 10, 15, 2005},
-                      RefusedKey{"LeftBeforeTheFirstYear", VK_LEFT, 1, 1970, 1, 1, 1970},
-                      RefusedKey{"DownAfterTheLastYear", VK_DOWN, 11, 2031, 12, 28, 2031}),
-    [](const ::testing::TestParamInfo<RefusedKey>& info) { return std::string(info.param.name); });
-
 // ---- the selection message and the year limits ----------------------------------
 
 TEST_F(PickerTest, SelectionOutsideTheYearLimitsIsStoredButNotReported)
@@ -395,7 +364,7 @@ TEST_F(PickerTest, SelectionOutsideTheYearLimitsIsStoredButNotReported)
 
 // ---- tooltips --------------------------------------------------------------------
 
-TEST_F(PickerTest, TooltipTextIsAskedOncePerDayFromTheNotifyWindow)
+TEST_F(PickerTest, TooltipTextIsAskedOncePerDayFromTheNotifyWindowButNotDuringAPress)
 {
     Create();
     std::vector<CHyDate> asked;
@@ -419,26 +388,17 @@ TEST_F(PickerTest, TooltipTextIsAskedOncePerDayFromTheNotifyWindow)
     EXPECT_EQ(notify.Messages()[0].msg, (UINT)HYWM_DATEPICKER_GETTIP);
     EXPECT_TRUE(notify.Messages()[0].sent);
     // The tip carries the host's text.
-    HWND tip = picker.tooltip.m_hWnd;
-    ASSERT_TRUE(::IsWindow(tip));
-    char text[64] = "";
-    TOOLINFOA ti{};
-    ti.cbSize = sizeof(ti);
-    ti.hwnd = picker.m_hWnd;
-    ti.uId = (UINT_PTR)picker.m_hWnd;
-    ti.uFlags = TTF_IDISHWND;
-    ti.lpszText = text;
-    ::SendMessageA(tip, TTM_GETTEXTA, sizeof(text), (LPARAM)&ti);
+    CString text;
+    picker.tooltip.GetText(text, &picker);
     EXPECT_STREQ(text, "Dentist at 9");
-}
 
-TEST_F(PickerTest, MovesWithAButtonDownAskForNoTooltip)
-{
-    Create();
-    const CPoint a = DayPoint(2005, 11, 3);
+    // Moves with a button down ask for no tip.
+    notify.Clear();
+    hytest::MouseMove(picker, b.x, b.y);
+    notify.Clear();
     hytest::MouseDown(picker, a.x, a.y);
-    hytest::MouseMove(picker, a.x + 1, a.y);
-    hytest::MouseUp(picker, a.x + 1, a.y);
+    hytest::MouseMove(picker, a2.x, a2.y);
+    hytest::MouseUp(picker, a2.x, a2.y);
     EXPECT_EQ(notify.Count(HYWM_DATEPICKER_GETTIP), 0u);
 }
 
