@@ -455,18 +455,4 @@ TEST_F(EditDateKeys, DoubleClickSelectsTheWholeText)
     EXPECT_EQ(std::pair(0, 10), Sel(rig.field));
 }
 
-// ---- objects -------------------------------------------------------------------
-
-TEST_F(EditDateTest, HundredCreateDestroyCyclesLeaveNoObjects)
-{
-    int i = 0;
-    RunRepeated([&] {
-        FieldRig rig;
-        rig.field.SetBlankString("None");
-        rig.Retype(++i % 2 ? "1/2/03" : "2/31/2005");
-        rig.LeaveField();
-        rig.field.SetDate(2005, 1, 1);
-    }, 100);
-}
-
 } // namespace

@@ -6,6 +6,8 @@
 
 #include <array>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -123,49 +125,37 @@ TEST(CalMonthLeapYears, DaysInMonthTableHasStride12AndOneSentinel)
     }
 }
 
-TEST(CalMonthLeapYears, DayInYearCountsFromFirstOfJanuary)
+TEST(CalMonthDays, DayInYearAndWeekdayOfKnownDays)
 {
-    EXPECT_EQ(1, CHyCalMonth::DayInYear(1, 1, 2005));
-    EXPECT_EQ(60, CHyCalMonth::DayInYear(1, 3, 2005));
-    EXPECT_EQ(61, CHyCalMonth::DayInYear(1, 3, 2000));
-    EXPECT_EQ(61, CHyCalMonth::DayInYear(1, 3, 1700));
-    EXPECT_EQ(60, CHyCalMonth::DayInYear(1, 3, 1900));
-    EXPECT_EQ(365, CHyCalMonth::DayInYear(31, 12, 2005));
-    EXPECT_EQ(366, CHyCalMonth::DayInYear(31, 12, 2024));
-    // The 1752 gap does not shorten the year's count.
-    EXPECT_EQ(258, CHyCalMonth::DayInYear(14, 9, 1752));
-}
-
-// ---- Weekdays ----
-
-TEST(CalMonthDayOfWeek, KnownDays)
-{
-    EXPECT_EQ(4, CHyCalMonth::DayOfWeek(1, 1, 1970));
-    EXPECT_EQ(6, CHyCalMonth::DayOfWeek(1, 1, 2000));
-    EXPECT_EQ(6, CHyCalMonth::DayOfWeek(14, 11, 2026));
-    EXPECT_EQ(6, CHyCalMonth::DayOfWeek(1, 1, 1));    // proleptic Julian Saturday
-    EXPECT_EQ(0, CHyCalMonth::DayOfWeek(1, 10, 1752));
-    EXPECT_EQ(4, CHyCalMonth::DayOfWeek(14, 9, 1752));
-}
-
-TEST(CalMonthDayOfWeek, GapWindowStartsTwelveDaysEarly)
-{
-    EXPECT_EQ(5, CHyCalMonth::DayOfWeek(21, 8, 1752));
-    for (int day = 22; day <= 31; ++day)
-        EXPECT_EQ(4, CHyCalMonth::DayOfWeek(day, 8, 1752)) << day;
-    EXPECT_EQ(4, CHyCalMonth::DayOfWeek(1, 9, 1752));
-    EXPECT_EQ(6, CHyCalMonth::DayOfWeek(2, 9, 1752));
-    EXPECT_EQ(0, CHyCalMonth::DayOfWeek(3, 9, 1752));
+    struct Case { int day, month, year, dayInYear, weekday; };
+    const Case cases[] = {
+        {1, 1, 2005, 1, 6},     {1, 3, 2005, 60, 2},    {1, 3, 2000, 61, 3},   {1, 3, 1700, 61, 5},
+        {1, 3, 1900, 60, 4},    {31, 12, 2005, 365, 6}, {31, 12, 2024, 366, 2}, {1, 1, 1970, 1, 4},
+        {14, 11, 2026, 318, 6}, {1, 1, 1, 1, 6},        // proleptic Julian Saturday
+        {1, 10, 1752, 275, 0},
+        {14, 9, 1752, 258, 4},  // the 1752 gap does not shorten the year's count
+        // The weekday's gap window starts twelve days early.
+        {21, 8, 1752, 234, 5},  {22, 8, 1752, 235, 4},  {31, 8, 1752, 244, 4},  {1, 9, 1752, 245, 4},
+        {2, 9, 1752, 246, 6},   {3, 9, 1752, 247, 0},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ((std::vector<int>{c.dayInYear, c.weekday}),
+                  (std::vector<int>{CHyCalMonth::DayInYear(c.day, c.month, c.year),
+                                    CHyCalMonth::DayOfWeek(c.day, c.month, c.year)}))
+            << c.day << "." << c.month << "." << c.year;
 }
 
 // ---- Month grids ----
 
-TEST(CalMonthGrid, FindCellReturns42ForDayNotShown)
+TEST(CalMonthGrid, FlagOnlyConstructorKeepsFlagForLaterLayoutAndDaysNotShownAre42)
 {
-    CHyCalMonth cal(3, 2005, 0);
-    EXPECT_EQ(42, cal.FindCell(20, 1));
-    EXPECT_EQ(42, cal.FindCell(32, 3));
-    EXPECT_EQ(42, cal.FindCell(0, 3));
+    CHyCalMonth cal(static_cast<short>(1));
+    EXPECT_EQ(1, cal.mondayFirst);
+    cal.SetMonth(2, 2015);
+    EXPECT_EQ(6, cal.FindCell(1, 2));
+    CHyCalMonth march(3, 2005, 0);
+    for (auto [day, month] : {std::pair{20, 1}, {32, 3}, {0, 3}})
+        EXPECT_EQ(42, march.FindCell(day, month)) << day << "." << month;
 }
 
 TEST(CalMonthGrid, September1752IsTheFixedGridAndNothingElse)
@@ -196,14 +186,6 @@ TEST(CalMonthGrid, September1752IsTheFixedGridAndNothingElse)
     EXPECT_EQ(10, cal.month);
     EXPECT_EQ(1752, cal.year);
     EXPECT_EQ(6, cal.FindCell(1, 10)); // a Sunday, Monday-first
-}
-
-TEST(CalMonthGrid, FlagOnlyConstructorKeepsFlagForLaterLayout)
-{
-    CHyCalMonth cal(static_cast<short>(1));
-    EXPECT_EQ(1, cal.mondayFirst);
-    cal.SetMonth(2, 2015);
-    EXPECT_EQ(6, cal.FindCell(1, 2));
 }
 
 // Every month of years 1..9999, both week starts, against a weekday count

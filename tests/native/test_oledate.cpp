@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -51,14 +52,9 @@ HyDateTimeParts Parts(int y, int mo, int d, int h = 0, int mi = 0, int s = 0)
 
 void ExpectParts(const Known& k, const HyDateTimeParts& p)
 {
-    EXPECT_EQ(k.year, p.year) << k.ole;
-    EXPECT_EQ(k.month, p.month) << k.ole;
-    EXPECT_EQ(k.day, p.day) << k.ole;
-    EXPECT_EQ(k.hour, p.hour) << k.ole;
-    EXPECT_EQ(k.minute, p.minute) << k.ole;
-    EXPECT_EQ(k.second, p.second) << k.ole;
-    EXPECT_EQ(k.dayOfWeek, p.dayOfWeek) << k.ole;
-    EXPECT_EQ(k.dayOfYear, p.dayOfYear) << k.ole;
+    EXPECT_EQ((std::vector<int>{k.year, k.month, k.day, k.hour, k.minute, k.second, k.dayOfWeek, k.dayOfYear}),
+              (std::vector<int>{p.year, p.month, p.day, p.hour, p.minute, p.second, p.dayOfWeek, p.dayOfYear}))
+        << k.ole;
 }
 
 HyDateTimeParts Convert(double ole)
@@ -120,12 +116,10 @@ TEST(OleDateToParts, RejectsOutOfRangeAndNotANumber)
 
 TEST(OleDateToParts, OnlyDatesAfterDayZeroArePositive)
 {
-    EXPECT_TRUE(hy::IsPositiveOleDate(38596.75));
-    EXPECT_TRUE(hy::IsPositiveOleDate(1e-9));
-    EXPECT_FALSE(hy::IsPositiveOleDate(0.0));
-    EXPECT_FALSE(hy::IsPositiveOleDate(-0.0));
-    EXPECT_FALSE(hy::IsPositiveOleDate(-1.5));
-    EXPECT_FALSE(hy::IsPositiveOleDate(std::numeric_limits<double>::quiet_NaN()));
+    for (double d : {38596.75, 1e-9})
+        EXPECT_TRUE(hy::IsPositiveOleDate(d)) << d;
+    for (double d : {0.0, -0.0, -1.5, std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_FALSE(hy::IsPositiveOleDate(d)) << d;
 }
 
 // ---- Calendar fields to OLE date ----
