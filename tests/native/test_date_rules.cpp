@@ -7,92 +7,48 @@
 
 #include <climits>
 
-
-// ---- the leap day ----
-
-TEST(EditDateRulesLeapDay, CenturiesFollowTheOldRuleUpTo1752AndTheGregorianAfter)
+TEST(EditDateRules, AcceptsDaysOfTheCalendarWithinInclusiveLimits)
 {
-    EXPECT_FALSE(hy::IsValidEntryDate(1900, 2, 29, 1800, 2100));
-    EXPECT_TRUE(hy::IsValidEntryDate(2000, 2, 29, 1800, 2100));
-    EXPECT_FALSE(hy::IsValidEntryDate(1800, 2, 29, 1700, 2100));
-    // Every fourth year up to 1752, century or not.
-    EXPECT_TRUE(hy::IsValidEntryDate(1700, 2, 29, 1700, 2100));
-    EXPECT_TRUE(hy::IsValidEntryDate(1500, 2, 29, 1, 2100));
-    EXPECT_TRUE(hy::IsValidEntryDate(1752, 2, 29, 1700, 2100));
-    EXPECT_FALSE(hy::IsValidEntryDate(2001, 2, 29, 1800, 2100));
-    EXPECT_TRUE(hy::IsValidEntryDate(2001, 2, 28, 1800, 2100));
-}
+    struct Case { int year, month, day, minYear, maxYear; bool valid; };
+    const Case cases[] = {
+        // Every fourth year up to 1752, century or not; the Gregorian rule after.
+        {1900, 2, 29, 1800, 2100, false}, {2000, 2, 29, 1800, 2100, true}, {1800, 2, 29, 1700, 2100, false},
+        {1700, 2, 29, 1700, 2100, true},  {1500, 2, 29, 1, 2100, true},    {1752, 2, 29, 1700, 2100, true},
+        {2001, 2, 29, 1800, 2100, false}, {2001, 2, 28, 1800, 2100, true},
+        // Both limits inclusive; an empty range accepts nothing.
+        {1904, 1, 1, 1904, 2031, true},   {2031, 12, 31, 1904, 2031, true}, {1903, 12, 31, 1904, 2031, false},
+        {2032, 1, 1, 1904, 2031, false},  {2000, 1, 1, 2001, 1999, false},
+        // Missing (-1) or impossible fields.
+        {-1, 5, 5, 1904, 2031, false},    {2005, -1, 5, 1904, 2031, false}, {2005, 5, -1, 1904, 2031, false},
+        {2005, 0, 5, 1904, 2031, false},  {2005, 13, 1, 1904, 2031, false}, {2005, 5, 0, 1904, 2031, false},
+        {2005, 5, 32, 1904, 2031, false}, {2005, 4, 31, 1904, 2031, false}, {2005, 2, 31, 1904, 2031, false},
+        {INT_MIN, INT_MIN, INT_MIN, INT_MIN, INT_MAX, false}, {INT_MAX, INT_MAX, INT_MAX, INT_MIN, INT_MAX, false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(c.valid, hy::IsValidEntryDate(c.year, c.month, c.day, c.minYear, c.maxYear))
+            << c.year << "-" << c.month << "-" << c.day << " in " << c.minYear << ".." << c.maxYear;
 
-TEST(EditDateRulesLeapDay, MonthLengthsAgreeWithTheCalendarOverFiveCenturies)
-{
     for (int year = 1600; year <= 2100; ++year)
-        for (int month = 1; month <= 12; ++month)
-        {
+        for (int month = 1; month <= 12; ++month) {
             const int length = model::BritishLastDay(year, month);
             ASSERT_TRUE(hy::IsValidEntryDate(year, month, length, 1600, 2100)) << year << "-" << month;
             ASSERT_FALSE(hy::IsValidEntryDate(year, month, length + 1, 1600, 2100)) << year << "-" << month;
         }
 }
 
-// ---- the range and the fields ----
-
-TEST(EditDateRulesRange, BothLimitsAreInclusive)
+// Two-digit years pivot on the first valid year; the century rule shifts
+// every year below 1900, not only two-digit ones (deliberately).
+TEST(EditDateRules, YearsBelow1900TakeACenturyFromTheFirstValidYear)
 {
-    EXPECT_TRUE(hy::IsValidEntryDate(1904, 1, 1, 1904, 2031));
-    EXPECT_TRUE(hy::IsValidEntryDate(2031, 12, 31, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(1903, 12, 31, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(2032, 1, 1, 1904, 2031));
-    // An empty range accepts nothing.
-    EXPECT_FALSE(hy::IsValidEntryDate(2000, 1, 1, 2001, 1999));
-}
-
-TEST(EditDateRulesRange, MissingOrImpossibleFieldsAreRefused)
-{
-    EXPECT_FALSE(hy::IsValidEntryDate(-1, 5, 5, 1904, 2031));     // -1: not given
-    EXPECT_FALSE(hy::IsValidEntryDate(2005, -1, 5, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(2005, 5, -1, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(2005, 0, 5, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(2005, 13, 1, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(2005, 5, 0, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(2005, 5, 32, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(2005, 4, 31, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(2005, 2, 31, 1904, 2031));
-    EXPECT_FALSE(hy::IsValidEntryDate(INT_MIN, INT_MIN, INT_MIN, INT_MIN, INT_MAX));
-    EXPECT_FALSE(hy::IsValidEntryDate(INT_MAX, INT_MAX, INT_MAX, INT_MIN, INT_MAX));
-}
-
-// ---- two-digit years ----
-
-TEST(EditDateRulesCentury, DefaultPivotPutsZeroToThreeInThisCentury)
-{
-    EXPECT_EQ(2000, hy::ExpandEntryYear(0, 1904));
-    EXPECT_EQ(2003, hy::ExpandEntryYear(3, 1904));
-    EXPECT_EQ(1904, hy::ExpandEntryYear(4, 1904));
-    EXPECT_EQ(1999, hy::ExpandEntryYear(99, 1904));
-}
-
-TEST(EditDateRulesCentury, PivotMovesWithTheFirstValidYear)
-{
-    EXPECT_EQ(2049, hy::ExpandEntryYear(49, 1950));
-    EXPECT_EQ(1950, hy::ExpandEntryYear(50, 1950));
-    EXPECT_EQ(1903, hy::ExpandEntryYear(3, 1700));
-    EXPECT_EQ(1999, hy::ExpandEntryYear(99, 1));
-}
-
-TEST(EditDateRulesCentury, EveryYearBelow1900IsShiftedNotOnlyTwoDigitOnes)
-{
-    EXPECT_EQ(2003, hy::ExpandEntryYear(2003, 1904));
-    EXPECT_EQ(1904, hy::ExpandEntryYear(1904, 1904));
-    // The century rule also moves years typed in full.
-    EXPECT_EQ(2001, hy::ExpandEntryYear(1901, 1904));
-    EXPECT_EQ(3600, hy::ExpandEntryYear(1700, 1700));
-    EXPECT_EQ(3750, hy::ExpandEntryYear(1850, 1904));
-    EXPECT_EQ(2000, hy::ExpandEntryYear(100, 1904));
-}
-
-TEST(EditDateRulesCentury, ExtremeValuesDoNotOverflow)
-{
-    EXPECT_EQ(INT_MIN + 1900, hy::ExpandEntryYear(INT_MIN, INT_MIN + 1900));
-    EXPECT_EQ(INT_MAX, hy::ExpandEntryYear(INT_MAX, INT_MAX));
-    EXPECT_EQ(2099, hy::ExpandEntryYear(99, INT_MAX));
+    struct Case { int typed, minYear, year; };
+    const Case cases[] = {
+        {0, 1904, 2000},    {3, 1904, 2003},    {4, 1904, 1904},       {99, 1904, 1999},
+        {49, 1950, 2049},   {50, 1950, 1950},   {3, 1700, 1903},       {99, 1, 1999},
+        {2003, 1904, 2003}, {1904, 1904, 1904}, {1901, 1904, 2001},    {1700, 1700, 3600},
+        {1850, 1904, 3750}, {100, 1904, 2000},
+        // Extreme values do not overflow.
+        {INT_MIN, INT_MIN + 1900, INT_MIN + 1900}, {INT_MAX, INT_MAX, INT_MAX}, {99, INT_MAX, 2099},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(c.year, hy::ExpandEntryYear(c.typed, c.minYear)) << c.typed << " from " << c.minYear;
 }
