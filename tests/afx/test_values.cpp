@@ -7,6 +7,8 @@
 #include <mbctype.h>
 #include <string.h>
 #include <string>
+#include <tuple>
+#include <vector>
 
 namespace {
 
@@ -28,66 +30,46 @@ private:
 const char kSjisBackslashTrail[] = "\x95\x5C";
 const char kSjisLowerATrail[] = "\x83\x61";
 
+using Strings = std::vector<std::string>;
+using Ints = std::vector<int>;
+std::string S(const CString& s) { return (LPCTSTR)s; }
+
 } // namespace
 
-TEST(ValuesString, ConstructsFromCharsCountsAndRepeats)
+TEST(ValuesString, ConstructsConcatenatesAndCopiesIndependently)
 {
-    EXPECT_STREQ("xxx", (LPCTSTR)CString('x', 3));
-    EXPECT_STREQ("abc", (LPCTSTR)CString("abcdef", 3));
-    EXPECT_STREQ("", (LPCTSTR)CString((LPCTSTR)NULL));
-    EXPECT_STREQ("wide", (LPCTSTR)CString(L"wide"));
-    CString s;
-    EXPECT_TRUE(s.IsEmpty());
-    EXPECT_EQ(0, s.GetLength());
-    EXPECT_STREQ("", (LPCTSTR)s);
-}
-
-TEST(ValuesString, ConcatenatesWithEveryOperandKind)
-{
-    CString a("ab");
-    EXPECT_STREQ("abcd", (LPCTSTR)(a + CString("cd")));
-    EXPECT_STREQ("ab!", (LPCTSTR)(a + '!'));
-    EXPECT_STREQ("!ab", (LPCTSTR)('!' + a));
-    EXPECT_STREQ("abxy", (LPCTSTR)(a + "xy"));
-    EXPECT_STREQ("xyab", (LPCTSTR)("xy" + a));
+    CString empty;
+    EXPECT_TRUE(empty.IsEmpty() && empty.GetLength() == 0);
+    const CString a("ab");
+    EXPECT_EQ((Strings{"xxx", "abc", "", "wide", "", "abcd", "ab!", "!ab", "abxy", "xyab"}),
+              (Strings{S(CString('x', 3)), S(CString("abcdef", 3)), S(CString((LPCTSTR)NULL)), S(CString(L"wide")),
+                       S(empty), S(a + CString("cd")), S(a + '!'), S('!' + a), S(a + "xy"), S("xy" + a)}));
 
     CString s("12");
     s += s;   // appending itself
     s += '3';
     s += (LPCTSTR)s + 2;   // appending from its own buffer
-    EXPECT_STREQ("12123123", (LPCTSTR)s);
+    EXPECT_EQ("12123123", S(s));
     for (int i = 0; i < 1000; i++)
         s += "z";
     EXPECT_EQ(1008, s.GetLength());
-}
 
-TEST(ValuesString, CopiesAreIndependent)
-{
-    CString a("one");
-    CString b(a);
+    CString one("one");
+    CString b(one);
     CString c;
-    c = a;
+    c = one;
     b.SetAt(0, 'O');
     c.MakeUpper();
-    EXPECT_STREQ("one", (LPCTSTR)a);
-    EXPECT_STREQ("One", (LPCTSTR)b);
-    EXPECT_STREQ("ONE", (LPCTSTR)c);
-    a = a;   // self-assignment keeps the value
-    EXPECT_STREQ("one", (LPCTSTR)a);
+    one = one;   // self-assignment keeps the value
+    EXPECT_EQ((Strings{"one", "One", "ONE"}), (Strings{S(one), S(b), S(c)}));
 }
 
 TEST(ValuesString, ComparesWithStringOnEitherSide)
 {
     CString abc("abc");
-    EXPECT_TRUE(abc == "abc");
-    EXPECT_TRUE("abc" == abc);
-    EXPECT_TRUE(abc == CString("abc"));
-    EXPECT_TRUE(abc != "abd");
-    EXPECT_TRUE(abc < "abd");
-    EXPECT_TRUE("abb" < abc);
-    EXPECT_TRUE(abc > "ab");
-    EXPECT_TRUE(abc <= "abc");
-    EXPECT_TRUE("abd" >= abc);
+    EXPECT_TRUE(abc == "abc" && "abc" == abc && abc == CString("abc") && abc != "abd");
+    EXPECT_TRUE(abc < "abd" && "abb" < abc && abc > "ab" && abc <= "abc" && "abd" >= abc);
+    EXPECT_FALSE(abc != "abc" || abc < "abc" || abc > "abc");
     EXPECT_LT(abc.Compare("abd"), 0);
     EXPECT_NE(0, abc.Compare("ABC"));
     EXPECT_EQ(0, abc.CompareNoCase("ABC"));
@@ -95,122 +77,97 @@ TEST(ValuesString, ComparesWithStringOnEitherSide)
     EXPECT_EQ(0, abc.Collate("abc"));
 }
 
-TEST(ValuesString, ExtractionClampsToTheString)
+TEST(ValuesString, ExtractsAndFindsWithinTheString)
 {
     CString s("abcdef");
-    EXPECT_STREQ("cde", (LPCTSTR)s.Mid(2, 3));
-    EXPECT_STREQ("cdef", (LPCTSTR)s.Mid(2));
-    EXPECT_STREQ("ef", (LPCTSTR)s.Mid(4, 100));
-    EXPECT_STREQ("", (LPCTSTR)s.Mid(10));
-    EXPECT_STREQ("ab", (LPCTSTR)s.Mid(-5, 2));
-    EXPECT_STREQ("abc", (LPCTSTR)s.Left(3));
-    EXPECT_STREQ("", (LPCTSTR)s.Left(-1));
-    EXPECT_STREQ("abcdef", (LPCTSTR)s.Left(99));
-    EXPECT_STREQ("def", (LPCTSTR)s.Right(3));
-    EXPECT_STREQ("abcdef", (LPCTSTR)s.Right(99));
-    EXPECT_STREQ("123", (LPCTSTR)CString("123abc").SpanIncluding("0123456789"));
-    EXPECT_STREQ("key", (LPCTSTR)CString("key=value").SpanExcluding("=:"));
+    EXPECT_EQ((Strings{"cde", "cdef", "ef", "", "ab", "abc", "", "abcdef", "def", "abcdef", "123", "key"}),
+              (Strings{S(s.Mid(2, 3)), S(s.Mid(2)), S(s.Mid(4, 100)), S(s.Mid(10)), S(s.Mid(-5, 2)), S(s.Left(3)),
+                       S(s.Left(-1)), S(s.Left(99)), S(s.Right(3)), S(s.Right(99)),
+                       S(CString("123abc").SpanIncluding("0123456789")), S(CString("key=value").SpanExcluding("=:"))}));
     EXPECT_EQ('c', s[2]);
     EXPECT_EQ('f', s.GetAt(5));
-}
-
-TEST(ValuesString, FindsCharactersAndSubstrings)
-{
-    CString s("abcabc");
-    EXPECT_EQ(2, s.Find('c'));
-    EXPECT_EQ(5, s.Find('c', 3));
-    EXPECT_EQ(-1, s.Find('c', 6));
-    EXPECT_EQ(-1, s.Find('x'));
-    EXPECT_EQ(1, s.Find("bc"));
-    EXPECT_EQ(4, s.Find("bc", 2));
-    EXPECT_EQ(-1, s.Find("bcd"));
-    EXPECT_EQ(5, s.ReverseFind('c'));
-    EXPECT_EQ(-1, s.ReverseFind('z'));
-    EXPECT_EQ(1, s.FindOneOf("xcb"));
-    EXPECT_EQ(-1, s.FindOneOf("xyz"));
+    CString t("abcabc");
+    EXPECT_EQ((Ints{2, 5, -1, -1, 1, 4, -1, 5, -1, 1, -1}),
+              (Ints{t.Find('c'), t.Find('c', 3), t.Find('c', 6), t.Find('x'), t.Find("bc"), t.Find("bc", 2),
+                    t.Find("bcd"), t.ReverseFind('c'), t.ReverseFind('z'), t.FindOneOf("xcb"), t.FindOneOf("xyz")}));
 }
 
 TEST(ValuesString, TrimsWhitespaceACharacterOrASet)
 {
-    CString s(" \t hello \r\n");
+    CString s(" \t hello \r\n"), z("00120"), p("-+=value=+-"), all("   ");
+    Strings steps;
     s.TrimRight();
-    EXPECT_STREQ(" \t hello", (LPCTSTR)s);
+    steps.push_back(S(s));
     s.TrimLeft();
-    EXPECT_STREQ("hello", (LPCTSTR)s);
-
-    CString z("00120");
+    steps.push_back(S(s));
     z.TrimLeft('0');
-    EXPECT_STREQ("120", (LPCTSTR)z);
+    steps.push_back(S(z));
     z.TrimRight('0');
-    EXPECT_STREQ("12", (LPCTSTR)z);
-
-    CString p("-+=value=+-");
+    steps.push_back(S(z));
     p.TrimLeft("+-");
-    EXPECT_STREQ("=value=+-", (LPCTSTR)p);
+    steps.push_back(S(p));
     p.TrimRight("-+=");
-    EXPECT_STREQ("=value", (LPCTSTR)p);
-
-    CString all("   ");
+    steps.push_back(S(p));
     all.TrimRight();
-    EXPECT_TRUE(all.IsEmpty());
+    steps.push_back(S(all));
+    EXPECT_EQ((Strings{" \t hello", "hello", "120", "12", "=value=+-", "=value", ""}), steps);
 }
 
 TEST(ValuesString, EditsReportCountsAndLengths)
 {
     CString s("a-b-c");
     EXPECT_EQ(2, s.Replace('-', '+'));
-    EXPECT_STREQ("a+b+c", (LPCTSTR)s);
+    EXPECT_EQ("a+b+c", S(s));
     EXPECT_EQ(2, s.Replace("+", "--"));
-    EXPECT_STREQ("a--b--c", (LPCTSTR)s);
+    EXPECT_EQ("a--b--c", S(s));
     EXPECT_EQ(2, s.Replace("--", ""));
-    EXPECT_STREQ("abc", (LPCTSTR)s);
     EXPECT_EQ(0, s.Replace("x", "y"));
+    EXPECT_EQ("abc", S(s));
 
     CString r("banana");
     EXPECT_EQ(3, r.Remove('a'));
-    EXPECT_STREQ("bnn", (LPCTSTR)r);
+    EXPECT_EQ("bnn", S(r));
     EXPECT_EQ(3, r.GetLength());
 
     CString i("ace");
-    EXPECT_EQ(4, i.Insert(1, 'b'));
-    EXPECT_EQ(5, i.Insert(3, "d"));
-    EXPECT_EQ(7, i.Insert(100, "fg"));
-    EXPECT_STREQ("abcdefg", (LPCTSTR)i);
+    EXPECT_EQ((Ints{4, 5, 7}), (Ints{i.Insert(1, 'b'), i.Insert(3, "d"), i.Insert(100, "fg")}));
+    EXPECT_EQ("abcdefg", S(i));
     EXPECT_EQ(5, i.Delete(1, 2));
-    EXPECT_STREQ("adefg", (LPCTSTR)i);
-    EXPECT_EQ(3, i.Delete(3, 50));
-    EXPECT_STREQ("ade", (LPCTSTR)i);
-    EXPECT_EQ(3, i.Delete(7));
+    EXPECT_EQ("adefg", S(i));
+    EXPECT_EQ((Ints{3, 3}), (Ints{i.Delete(3, 50), i.Delete(7)}));
+    EXPECT_EQ("ade", S(i));
 
     CString m("Mixed Case 123");
+    Strings cases;
     m.MakeUpper();
-    EXPECT_STREQ("MIXED CASE 123", (LPCTSTR)m);
+    cases.push_back(S(m));
     m.MakeLower();
-    EXPECT_STREQ("mixed case 123", (LPCTSTR)m);
+    cases.push_back(S(m));
     m.MakeReverse();
-    EXPECT_STREQ("321 esac dexim", (LPCTSTR)m);
+    cases.push_back(S(m));
+    EXPECT_EQ((Strings{"MIXED CASE 123", "mixed case 123", "321 esac dexim"}), cases);
 }
 
-TEST(ValuesString, FormatsLikePrintf)
+TEST(ValuesString, FormatsLikePrintfAndFillsNumberedInserts)
 {
     CString s;
     s.Format("%d-%s-%05.1f-%c-%x", 42, "txt", 3.14159, 'Z', 255);
-    EXPECT_STREQ("42-txt-003.1-Z-ff", (LPCTSTR)s);
-
+    EXPECT_EQ("42-txt-003.1-Z-ff", S(s));
     // Longer than any first guess at the buffer size.
     std::string big(5000, 'q');
     s.Format("[%s]", big.c_str());
     EXPECT_EQ(5002, s.GetLength());
     EXPECT_EQ(']', s[5001]);
-
     // The string's own value as an argument.
     CString self("abc");
     self.Format("<%s><%s>", (LPCTSTR)self, (LPCTSTR)self);
-    EXPECT_STREQ("<abc><abc>", (LPCTSTR)self);
+    EXPECT_EQ("<abc><abc>", S(self));
 
-    CString msg;
+    CString msg, inserts;
     msg.FormatMessage("%2 before %1", "one", "two");
-    EXPECT_STREQ("two before one", (LPCTSTR)msg);
+    LPCTSTR rglpsz[2] = { "first", "second" };
+    AfxFormatStrings(inserts, "%2 then %1, %1 again; %3 stays", rglpsz, 2);
+    EXPECT_EQ((Strings{"two before one", "second then first, first again; %3 stays"}), (Strings{S(msg), S(inserts)}));
 }
 
 TEST(ValuesString, BufferProtocolSetsTheLength)
@@ -221,31 +178,26 @@ TEST(ValuesString, BufferProtocolSetsTheLength)
     strcpy(p, "replaced text");
     s.ReleaseBuffer();
     EXPECT_EQ(13, s.GetLength());
-    EXPECT_STREQ("replaced text", (LPCTSTR)s);
+    EXPECT_EQ("replaced text", S(s));
 
-    p = s.GetBuffer(0);
+    s.GetBuffer(0);
     s.ReleaseBuffer(8);
-    EXPECT_STREQ("replaced", (LPCTSTR)s);
+    EXPECT_EQ("replaced", S(s));
 
     p = s.GetBufferSetLength(3);
     EXPECT_EQ(3, s.GetLength());
     p[0] = 'R';
     s.ReleaseBuffer();
-    EXPECT_STREQ("Rep", (LPCTSTR)s);
-
     s.FreeExtra();
-    EXPECT_STREQ("Rep", (LPCTSTR)s);
+    EXPECT_EQ("Rep", S(s));
 
     CString e;
     strcpy(e.GetBuffer(5), "abcde");
     e.ReleaseBuffer();
-    EXPECT_STREQ("abcde", (LPCTSTR)e);
-
     CString l("lock");
-    LPTSTR pl = l.LockBuffer();
-    pl[0] = 'L';
+    l.LockBuffer()[0] = 'L';
     l.UnlockBuffer();
-    EXPECT_STREQ("Lock", (LPCTSTR)l);
+    EXPECT_EQ((Strings{"abcde", "Lock"}), (Strings{S(e), S(l)}));
 }
 
 TEST(ValuesString, SingleByteCodePageTreatsEveryByteAsACharacter)
@@ -253,8 +205,7 @@ TEST(ValuesString, SingleByteCodePageTreatsEveryByteAsACharacter)
     ScopedMbcp cp(1252);
     ASSERT_TRUE(cp.Ok());
     CString s(kSjisBackslashTrail);
-    EXPECT_EQ(1, s.Find('\\'));
-    EXPECT_EQ(1, s.ReverseFind('\\'));
+    EXPECT_EQ((Ints{1, 1}), (Ints{s.Find('\\'), s.ReverseFind('\\')}));
 }
 
 TEST(ValuesString, DoubleByteTrailBytesAreNeverSplit)
@@ -264,60 +215,44 @@ TEST(ValuesString, DoubleByteTrailBytesAreNeverSplit)
     const CString dbcs(kSjisBackslashTrail);
 
     CString path = CString("a\\") + dbcs;
-    EXPECT_EQ(-1, dbcs.Find('\\'));
-    EXPECT_EQ(1, path.ReverseFind('\\'));
-    EXPECT_EQ(-1, dbcs.FindOneOf("\\/"));
-    EXPECT_EQ(-1, dbcs.Find("\\"));
-    EXPECT_EQ(2, path.Find(dbcs));
+    EXPECT_EQ((Ints{-1, 1, -1, -1, 2}),
+              (Ints{dbcs.Find('\\'), path.ReverseFind('\\'), dbcs.FindOneOf("\\/"), dbcs.Find("\\"), path.Find(dbcs)}));
 
     CString trimmed = dbcs;
     trimmed.TrimRight('\\');
-    EXPECT_STREQ(kSjisBackslashTrail, (LPCTSTR)trimmed);
+    EXPECT_EQ(kSjisBackslashTrail, S(trimmed));
     trimmed.TrimRight("\\/");
-    EXPECT_STREQ(kSjisBackslashTrail, (LPCTSTR)trimmed);
+    EXPECT_EQ(kSjisBackslashTrail, S(trimmed));
 
     CString replaced = path;
     EXPECT_EQ(1, replaced.Replace('\\', '/'));
-    EXPECT_STREQ((LPCTSTR)(CString("a/") + dbcs), (LPCTSTR)replaced);
+    EXPECT_EQ(S(CString("a/") + dbcs), S(replaced));
 
     CString upper = CString("ab") + kSjisLowerATrail;
     upper.MakeUpper();
-    EXPECT_STREQ("AB\x83\x61", (LPCTSTR)upper);
-    EXPECT_EQ(1, upper.Remove('A'));
-    EXPECT_EQ(0, upper.Remove('a'));
-    EXPECT_STREQ("B\x83\x61", (LPCTSTR)upper);
+    EXPECT_EQ("AB\x83\x61", S(upper));
+    EXPECT_EQ((Ints{1, 0}), (Ints{upper.Remove('A'), upper.Remove('a')}));
+    EXPECT_EQ("B\x83\x61", S(upper));
 
     CString reversed = CString("x") + dbcs + "y";
     reversed.MakeReverse();
-    EXPECT_STREQ("y\x95\x5Cx", (LPCTSTR)reversed);
-
-    EXPECT_STREQ(kSjisBackslashTrail, (LPCTSTR)(dbcs + "\\tail").SpanExcluding("\\"));
+    EXPECT_EQ("y\x95\x5Cx", S(reversed));
+    EXPECT_EQ(kSjisBackslashTrail, S((dbcs + "\\tail").SpanExcluding("\\")));
 }
 
-TEST(ValuesString, MissingResourceStringLoadsNothing)
+TEST(ValuesString, MissingResourcesAndFieldsLeaveTheStringEmpty)
 {
     CString s("previous");
     EXPECT_FALSE(s.LoadString(0xFFF1));
     EXPECT_TRUE(s.IsEmpty());
-}
 
-TEST(ValuesString, ExtractsSeparatedFields)
-{
-    CString s;
-    EXPECT_TRUE(AfxExtractSubString(s, "one\ntwo\n\nfour", 1));
-    EXPECT_STREQ("two", (LPCTSTR)s);
-    EXPECT_TRUE(AfxExtractSubString(s, "one\ntwo\n\nfour", 2));
-    EXPECT_STREQ("", (LPCTSTR)s);
-    EXPECT_TRUE(AfxExtractSubString(s, "a,b,c", 2, ','));
-    EXPECT_STREQ("c", (LPCTSTR)s);
+    Strings fields;
+    for (auto [text, index, sep] : {std::tuple<LPCTSTR, int, TCHAR>{"one\ntwo\n\nfour", 1, '\n'},
+                                    {"one\ntwo\n\nfour", 2, '\n'}, {"a,b,c", 2, ','}}) {
+        EXPECT_TRUE(AfxExtractSubString(s, text, index, sep));
+        fields.push_back(S(s));
+    }
+    EXPECT_EQ((Strings{"two", "", "c"}), fields);
     EXPECT_FALSE(AfxExtractSubString(s, "a,b,c", 3, ','));
     EXPECT_TRUE(s.IsEmpty());
-}
-
-TEST(ValuesString, FormatStringsReplacesNumberedInserts)
-{
-    CString s;
-    LPCTSTR rglpsz[2] = { "first", "second" };
-    AfxFormatStrings(s, "%2 then %1, %1 again; %3 stays", rglpsz, 2);
-    EXPECT_STREQ("second then first, first again; %3 stays", (LPCTSTR)s);
 }
