@@ -133,13 +133,19 @@ protected:
 
 using DatePickerPaintSelection = DatePickerPaint;
 
-TEST_F(DatePickerPaintSelection, TheHighlightMovesWithTheSelectedDay)
+TEST_F(DatePickerPaintSelection, TheHighlightTheWeekAndTheFocusMarkFollowTheSelectedDay)
 {
     Create();
     const CRect c15 = Cell(2005, 11, 15), c16 = Cell(2005, 11, 16);
     Renderer before(picker.m_hWnd);
     const COLORREF selected = before.Dominant(c15);
     EXPECT_NE(selected, before.Dominant(c16));
+    // The focus mark surrounds the selected day, and nothing else, while focused.
+    const COLORREF focus = HYThemeGetFocusColor();
+    CRect all;
+    picker.GetClientRect(&all);
+    EXPECT_GT(before.Count(Grown(c15, 1), focus), 0);
+    EXPECT_EQ(before.Count(Grown(c15, 1), focus), before.Count(all, focus)) << "focus colour outside the day";
 
     picker.SetSelection(2005, 11, 16, 0);
     Renderer after(picker.m_hWnd);
@@ -147,38 +153,19 @@ TEST_F(DatePickerPaintSelection, TheHighlightMovesWithTheSelectedDay)
     EXPECT_EQ(before.Dominant(c16), after.Dominant(c15));
     CRect both;
     both.UnionRect(Grown(c15, 1), Grown(c16, 1));
-    const PixelDiff d = Compare(before, after);
-    EXPECT_TRUE(Inside(d.box, both)) << "changed outside the two cells";
-}
+    EXPECT_TRUE(Inside(Compare(before, after).box, both)) << "changed outside the two cells";
 
-TEST_F(DatePickerPaintSelection, WholeWeekStyleFillsTheRowOfTheSelectedDayOnly)
-{
-    Create();
+    // The whole-week style fills the row of the selected day only.
     picker.ModifyStyle(0, HYDPS_WHOLE_WEEK);
-    Renderer r(picker.m_hWnd);
-    const COLORREF selected = r.Dominant(Cell(2005, 11, 15));
+    Renderer week(picker.m_hWnd);
     for (int day = 13; day <= 19; ++day)  // Sunday 13 to Saturday 19 November 2005
-        EXPECT_EQ(selected, r.Dominant(Cell(2005, 11, day))) << "day " << day;
-    EXPECT_NE(selected, r.Dominant(Cell(2005, 11, 12)));
-    EXPECT_NE(selected, r.Dominant(Cell(2005, 11, 20)));
-    EXPECT_NE(selected, r.Dominant(Cell(2005, 12, 15)));
-}
-
-TEST_F(DatePickerPaintSelection, TheFocusMarkSurroundsTheSelectedDayWhileFocused)
-{
-    Create();
-    const COLORREF focus = HYThemeGetFocusColor();
-    const CRect ring = Grown(Cell(2005, 11, 15), 1);
-    Renderer focused(picker.m_hWnd);
-    EXPECT_GT(focused.Count(ring, focus), 0);
-    CRect all;
-    picker.GetClientRect(&all);
-    EXPECT_EQ(focused.Count(ring, focus), focused.Count(all, focus)) << "focus colour outside the day";
+        EXPECT_EQ(selected, week.Dominant(Cell(2005, 11, day))) << "day " << day;
+    for (const CRect& other : { Cell(2005, 11, 12), Cell(2005, 11, 20), Cell(2005, 12, 15) })
+        EXPECT_NE(selected, week.Dominant(other));
 
     ::SetFocus(parent);
     hytest::PumpMessages();
-    Renderer unfocused(picker.m_hWnd);
-    EXPECT_EQ(0, unfocused.Count(all, focus));
+    EXPECT_EQ(0, Renderer(picker.m_hWnd).Count(all, focus));
 }
 
 // ---- marks -----------------------------------------------------------------------
@@ -290,47 +277,34 @@ TEST_F(DatePickerPaintDays, September1752LeavesItsMissingDaysBlank)
     }
 }
 
-class DatePickerPaintWeekStart : public DatePickerPaint
+// The day-of-week row of a picker whose weeks begin on Monday or Sunday (the
+// host profile's setting), one pixel list per column.
+TEST_F(DatePickerPaintDays, MondayFirstPutsSundayLast)
 {
-protected:
-    void TearDown() override
-    {
-        HySetProfilePath(nullptr);
-        if (!path.empty())
-            ::DeleteFileA(path.c_str());
-    }
-
-    // Renders the day-of-week row of a picker whose weeks begin on Monday or
-    // Sunday; answers each column's pixels.
-    std::vector<std::vector<COLORREF>> DowColumns(bool monday)
-    {
-        char dir[MAX_PATH];
-        ::GetTempPathA(MAX_PATH, dir);
-        path = std::string(dir) + "hyui-paint-weekstart.ini";
+    char dir[MAX_PATH];
+    ::GetTempPathA(MAX_PATH, dir);
+    const std::string path = std::string(dir) + "hyui-paint-weekstart.ini";
+    auto columns = [&](bool monday) {
         ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", monday ? "1" : "0", path.c_str());
         HySetProfilePath(path.c_str());
         CHyDatePicker p;
         p.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 210, 200), CWnd::FromHandle(parent), 1002);
         Renderer r(p.m_hWnd);
         const HyRect row = p.GetCalRects(p.GetCalBounds(0)).dayOfWeek;
-        std::vector<std::vector<COLORREF>> columns;
+        std::vector<std::vector<COLORREF>> out;
         for (int c = 0; c < 7; ++c) {
             const int left = row.left + c * p.GetDayWidth();
-            columns.push_back(Pixels(r, CRect(left, row.top, left + p.GetDayWidth(), row.bottom)));
+            out.push_back(Pixels(r, CRect(left, row.top, left + p.GetDayWidth(), row.bottom)));
         }
         p.DestroyWindow();
-        return columns;
-    }
-
-    std::string path;
-};
-
-TEST_F(DatePickerPaintWeekStart, MondayFirstPutsSundayLast)
-{
-    const auto sunday = DowColumns(false);  // S M T W Th F S
+        HySetProfilePath(nullptr);
+        return out;
+    };
+    const auto sunday = columns(false);  // S M T W Th F S
+    const auto monday = columns(true);   // M T W Th F S S
+    ::DeleteFileA(path.c_str());
     EXPECT_EQ(sunday[0], sunday[6]);
     EXPECT_NE(sunday[5], sunday[6]);
-    const auto monday = DowColumns(true);   // M T W Th F S S
     EXPECT_EQ(monday[5], monday[6]);
     EXPECT_EQ(sunday[1], monday[0]);
     EXPECT_EQ(sunday[0], monday[6]);
@@ -375,12 +349,10 @@ TEST_F(DatePickerPaintHeader, ArrowsAppearOnlyOnTheOuterCalendars)
 {
     Create();  // three calendars in a row
     Renderer r(picker.m_hWnd);
-    EXPECT_FALSE(Uniform(r, ToCRect(Parts(0).prevArrow)));
-    EXPECT_TRUE(Uniform(r, ToCRect(Parts(0).nextArrow)));
-    EXPECT_TRUE(Uniform(r, ToCRect(Parts(1).prevArrow)));
-    EXPECT_TRUE(Uniform(r, ToCRect(Parts(1).nextArrow)));
-    EXPECT_TRUE(Uniform(r, ToCRect(Parts(2).prevArrow)));
-    EXPECT_FALSE(Uniform(r, ToCRect(Parts(2).nextArrow)));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(i != 0, Uniform(r, ToCRect(Parts(i).prevArrow))) << i;
+        EXPECT_EQ(i != 2, Uniform(r, ToCRect(Parts(i).nextArrow))) << i;
+    }
 }
 
 TEST_F(DatePickerPaintHeader, HotAndPressedPartsLookDifferentFromNormalAndEachOther)
@@ -461,7 +433,7 @@ TEST_F(DatePickerPaintInvalidation, APaintOfOneCellMatchesTheFullPaintAndTouches
 
 using DatePickerPaintResources = DatePickerPaint;
 
-TEST_F(DatePickerPaintResources, ObjectCountsStaySteadyOverAThousandRepaints)
+TEST_F(DatePickerPaintResources, ObjectCountsStaySteadyOverAThousandRepaintsAndAHundredPickers)
 {
     Create(4, 3);
     picker.ModifyStyle(0, HYDPS_WHOLE_WEEK);
@@ -488,10 +460,7 @@ TEST_F(DatePickerPaintResources, ObjectCountsStaySteadyOverAThousandRepaints)
     picker.rolloverPart = 0;
     AfxDeleteTempMaps();
     guard.Check("1,000 repaints");
-}
 
-TEST_F(DatePickerPaintResources, ObjectCountsStaySteadyOverAHundredPickers)
-{
     auto cycle = [&] {
         CHyDatePicker p;
         ASSERT_TRUE(p.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 630, 200), CWnd::FromHandle(parent), 1003, 3, 1));
@@ -499,16 +468,16 @@ TEST_F(DatePickerPaintResources, ObjectCountsStaySteadyOverAHundredPickers)
         p.SetSelection(2005, 11, 15, 0);
         p.SetFocus();
         p.UpdateWindow();
-        Renderer r(p.m_hWnd);
+        Renderer rendered(p.m_hWnd);
         p.DestroyWindow();
         hytest::PumpMessages();
     };
-    hytest::ObjectGuard guard([&] {
+    hytest::ObjectGuard pickers([&] {
         cycle();
         AfxDeleteTempMaps();
     });
     for (int i = 0; i < 100; ++i)
         cycle();
     AfxDeleteTempMaps();
-    guard.Check("100 pickers");
+    pickers.Check("100 pickers");
 }
