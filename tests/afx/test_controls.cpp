@@ -317,8 +317,12 @@ void CheckRow(Controls& c, const Forward& row)
     g_cf.cbSize = g_pf.cbSize = 0;   // the format wrappers fill the size in
     LRESULT got = row.invoke(c);
     ASSERT_EQ(1u, spy.Count(row.msg)) << hytest::MessageName(row.msg);
-    if (row.lParam == (LPARAM)&g_cf) EXPECT_EQ(sizeof g_cf, g_cf.cbSize);
-    if (row.lParam == (LPARAM)&g_pf) EXPECT_EQ(sizeof g_pf, g_pf.cbSize);
+    if (row.lParam == (LPARAM)&g_cf) {
+        EXPECT_EQ(sizeof g_cf, g_cf.cbSize);
+    }
+    if (row.lParam == (LPARAM)&g_pf) {
+        EXPECT_EQ(sizeof g_pf, g_pf.cbSize);
+    }
     EXPECT_EQ(row.wParam, spy.Last(row.msg)->wParam);
     EXPECT_EQ(row.lParam, spy.Last(row.msg)->lParam);
     if (row.answers) {

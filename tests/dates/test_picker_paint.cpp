@@ -281,12 +281,10 @@ TEST_F(DatePickerPaintDays, September1752LeavesItsMissingDaysBlank)
 // host profile's setting), one pixel list per column.
 TEST_F(DatePickerPaintDays, MondayFirstPutsSundayLast)
 {
-    char dir[MAX_PATH];
-    ::GetTempPathA(MAX_PATH, dir);
-    const std::string path = std::string(dir) + "hyui-paint-weekstart.ini";
+    const hytest::TempFile profile("hyui-paint-weekstart.ini");
     auto columns = [&](bool monday) {
-        ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", monday ? "1" : "0", path.c_str());
-        HySetProfilePath(path.c_str());
+        ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", monday ? "1" : "0", profile.path());
+        HySetProfilePath(profile.path());
         CHyDatePicker p;
         p.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 210, 200), CWnd::FromHandle(parent), 1002);
         Renderer r(p.m_hWnd);
@@ -302,7 +300,6 @@ TEST_F(DatePickerPaintDays, MondayFirstPutsSundayLast)
     };
     const auto sunday = columns(false);  // S M T W Th F S
     const auto monday = columns(true);   // M T W Th F S S
-    ::DeleteFileA(path.c_str());
     EXPECT_EQ(sunday[0], sunday[6]);
     EXPECT_NE(sunday[5], sunday[6]);
     EXPECT_EQ(monday[5], monday[6]);

@@ -47,19 +47,17 @@ class ChainModule
 public:
     ChainModule()
     {
-        char dir[MAX_PATH], path[MAX_PATH];
+        char path[MAX_PATH];
         ::GetModuleFileNameA(::GetModuleHandleA("HyAfx.dll"), path, MAX_PATH);
-        ::GetTempPathA(MAX_PATH, dir);
-        wsprintfA(m_path, "%shyhost_chain_%lu.dll", dir, ::GetCurrentProcessId());
-        EXPECT_TRUE(::CopyFileA(path, m_path, FALSE));
-        HANDLE h = ::BeginUpdateResourceA(m_path, FALSE);
+        EXPECT_TRUE(::CopyFileA(path, m_copy.path(), FALSE));
+        HANDLE h = ::BeginUpdateResourceA(m_copy.path(), FALSE);
         EXPECT_NE(nullptr, h);
         std::vector<BYTE> a = MakeTemplate(L"Chain copy"), b = MakeTemplate(L"Chain only");
         WORD lang = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
         EXPECT_TRUE(::UpdateResourceA(h, RT_DIALOG, MAKEINTRESOURCE(kHostTemplate), lang, a.data(), (DWORD)a.size()));
         EXPECT_TRUE(::UpdateResourceA(h, RT_DIALOG, MAKEINTRESOURCE(kChainOnly), lang, b.data(), (DWORD)b.size()));
         EXPECT_TRUE(::EndUpdateResourceA(h, FALSE));
-        m_module = ::LoadLibraryExA(m_path, nullptr, LOAD_LIBRARY_AS_DATAFILE);
+        m_module = ::LoadLibraryExA(m_copy.path(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
         EXPECT_NE(nullptr, m_module);
         m_saved = AfxGetResourceHandle();
         AfxSetResourceHandle(m_module);
@@ -67,12 +65,11 @@ public:
     ~ChainModule()
     {
         AfxSetResourceHandle(m_saved);
-        ::FreeLibrary(m_module);
-        ::DeleteFileA(m_path);
+        ::FreeLibrary(m_module);   // before the copy is deleted
     }
 
 private:
-    char m_path[MAX_PATH];
+    hytest::TempFile m_copy{ "hyhost_chain.dll" };
     HMODULE m_module = nullptr;
     HINSTANCE m_saved = nullptr;
 };

@@ -4,6 +4,7 @@
 #include <vector>
 #include <afxwin.h>
 #include "HyCommonUI.h"
+#include "hytest_env.h"
 
 namespace {
 
@@ -13,13 +14,6 @@ std::string ExeFolder()
     ::GetModuleFileNameA(nullptr, path, MAX_PATH);
     std::string s(path);
     return s.substr(0, s.find_last_of('\\'));
-}
-
-std::string TempFile(const char* name)
-{
-    char dir[MAX_PATH] = "";
-    ::GetTempPathA(MAX_PATH, dir);
-    return std::string(dir) + name;
 }
 
 std::string LangDir()
@@ -50,7 +44,7 @@ TEST(HostLanguage, TheFolderIsTheHostsSettingElseTheEnvironmentElseEnglishBeside
     ::SetEnvironmentVariableA("HYHOST_LANGDIR", nullptr);
 }
 
-TEST(HostLanguage, AResourceModuleIsLoadedElseTheOwnInstanceServes)
+TEST(HostLanguage, AResourceModuleIsLoadedElseTheOwnInstanceServesAndTheHostsStringsComeThroughTheChain)
 {
     HINSTANCE own = ::GetModuleHandleA(nullptr);
     DWORD word = 0;
@@ -66,35 +60,15 @@ TEST(HostLanguage, AResourceModuleIsLoadedElseTheOwnInstanceServes)
     // Absent, unnamed, or without a string table (a copy of this program).
     char self[MAX_PATH] = "";
     ::GetModuleFileNameA(nullptr, self, MAX_PATH);
-    const std::string copy = TempFile("hy-no-strings.dll");
-    ASSERT_TRUE(::CopyFileA(self, copy.c_str(), FALSE));
-    for (const char* path : { "C:\\no\\such\\folder\\HyLangUI.dll", (const char*)nullptr, copy.c_str() }) {
+    const hytest::TempFile copy("hy-no-strings.dll");
+    ASSERT_TRUE(::CopyFileA(self, copy.path(), FALSE));
+    for (const char* path : { "C:\\no\\such\\folder\\HyLangUI.dll", (const char*)nullptr, copy.path() }) {
         word = 99;
         EXPECT_EQ(own, HyLoadLangModule(path, own, &word)) << (path ? path : "null");
         EXPECT_EQ(0u, word);
     }
-    ::DeleteFileA(copy.c_str());
     EXPECT_FALSE(HyReleaseLangModule(own, own));
     EXPECT_FALSE(HyReleaseLangModule(nullptr, own));
-}
-
-TEST(HostProfile, ReadsWholeIntegersAndAnswersZeroForAnythingElse)
-{
-    const std::string path = TempFile("hyhost-profile-test.ini");
-    ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", "1", path.c_str());
-    ::WritePrivateProfileStringA("Almanac", "Garbled", "12abc", path.c_str());
-    ::WritePrivateProfileStringA("Almanac", "Negative", "-3", path.c_str());
-    HySetProfilePath(path.c_str());
-    EXPECT_EQ((std::vector<int>{ 1, 1 }), ProfileInt("Almanac", "WorkWeekBegins"));
-    EXPECT_EQ((std::vector<int>{ 1, -3 }), ProfileInt("Almanac", "Negative"));
-    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "NoSuchKey"));
-    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "Garbled"));
-    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("NoSuchSection", "WorkWeekBegins"));
-    EXPECT_FALSE(HyGetProfileInt("Almanac", "WorkWeekBegins", nullptr));
-    HySetProfilePath(TempFile("hyhost-no-such-profile.ini").c_str());
-    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "WorkWeekBegins"));
-    HySetProfilePath(nullptr);
-    ::DeleteFileA(path.c_str());
 
     // The host's own strings are found through the resource chain.
     CString s;
@@ -105,3 +79,22 @@ TEST(HostProfile, ReadsWholeIntegersAndAnswersZeroForAnythingElse)
     EXPECT_STREQ(direct, s);
     EXPECT_EQ(host, AfxFindStringResourceHandle(283));
 }
+
+TEST(HostProfile, ReadsWholeIntegersAndAnswersZeroForAnythingElse)
+{
+    const hytest::TempFile profile("hyhost-profile-test.ini"), missing("hyhost-no-such-profile.ini");
+    ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", "1", profile.path());
+    ::WritePrivateProfileStringA("Almanac", "Garbled", "12abc", profile.path());
+    ::WritePrivateProfileStringA("Almanac", "Negative", "-3", profile.path());
+    HySetProfilePath(profile.path());
+    EXPECT_EQ((std::vector<int>{ 1, 1 }), ProfileInt("Almanac", "WorkWeekBegins"));
+    EXPECT_EQ((std::vector<int>{ 1, -3 }), ProfileInt("Almanac", "Negative"));
+    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "NoSuchKey"));
+    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "Garbled"));
+    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("NoSuchSection", "WorkWeekBegins"));
+    EXPECT_FALSE(HyGetProfileInt("Almanac", "WorkWeekBegins", nullptr));
+    HySetProfilePath(missing.path());
+    EXPECT_EQ((std::vector<int>{ 0, 0 }), ProfileInt("Almanac", "WorkWeekBegins"));
+    HySetProfilePath(nullptr);
+}
+

@@ -91,7 +91,9 @@ TEST(IntlTime, ParsesWhatItFormatsInTheLocalesShortDate)
 {
     for (const char* picture : { (const char*)nullptr, "dd.MM.yyyy", "M/d/yyyy", "yyyy-MM-dd", "d/M/yy" }) {
         hytest::LocaleValues locale;
-        if (picture != nullptr) ASSERT_TRUE(locale.Set(LOCALE_SSHORTDATE, picture));
+        if (picture != nullptr) {
+            ASSERT_TRUE(locale.Set(LOCALE_SSHORTDATE, picture));
+        }
         const CString pic = CIntlTime::GetDateFormat(HYINTL_SHORTDATE, 1);
         const bool twoDigitYear = pic.Find("yyyy") < 0;
         for (const std::vector<int>& ymd : { std::vector<int>{ 2024, 2, 29 }, { 1999, 12, 31 }, { 2003, 1, 2 } }) {

@@ -3,6 +3,8 @@
 #include <stdlib.h>
 #include <time.h>
 
+#include <string>
+
 namespace hytest {
 
 std::string LocaleValue(LCTYPE type)
@@ -37,5 +39,14 @@ TimeZone::~TimeZone()
     _putenv(m_saved.c_str());
     _tzset();
 }
+
+TempFile::TempFile(const char* name)
+{
+    char dir[MAX_PATH] = "";
+    ::GetTempPathA(MAX_PATH, dir);
+    m_path = std::string(dir) + std::to_string(::GetCurrentProcessId()) + "-" + name;
+}
+
+TempFile::~TempFile() { ::DeleteFileA(m_path.c_str()); }
 
 }  // namespace hytest

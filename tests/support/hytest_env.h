@@ -1,5 +1,5 @@
 // Process settings a test changes for its scope and puts back: user-locale
-// values and the C runtime's time zone.
+// values, the C runtime's time zone, and files in the temporary folder.
 #pragma once
 
 #include <windows.h>
@@ -42,6 +42,22 @@ public:
 
 private:
     std::string m_saved;
+};
+
+// A path in the temporary folder, unique to this process (suites may run side
+// by side); whatever is written there is deleted at the end of the scope.
+class TempFile
+{
+public:
+    explicit TempFile(const char* name);
+    ~TempFile();
+    TempFile(const TempFile&) = delete;
+    TempFile& operator=(const TempFile&) = delete;
+
+    const char* path() const { return m_path.c_str(); }
+
+private:
+    std::string m_path;
 };
 
 }  // namespace hytest
