@@ -4,24 +4,25 @@
 
 #include "picker_fixture.h"
 
+#include <utility>
+#include <vector>
+
 TEST_F(PickerTest, CreationGivesANamedTabStopWindowShapedLikeItsCalendars)
 {
     ASSERT_TRUE(picker.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 630, 200), CWnd::FromHandle(parent), 7, 3, 1));
-    char text[32] = "";
-    ::GetWindowTextA(picker, text, sizeof text);
-    EXPECT_STREQ(text, "TernUIDatePicker");
+    CString text;
+    picker.GetWindowText(text);
+    EXPECT_EQ(text, CString("TernUIDatePicker"));
     EXPECT_TRUE(picker.GetStyle() & WS_TABSTOP);
-    EXPECT_EQ(picker.SendMessage(WM_GETDLGCODE), 131);
-    EXPECT_EQ(picker.GetCalCount(), 3);
+    EXPECT_EQ(std::vector<LRESULT>({131, 3}), std::vector<LRESULT>({picker.SendMessage(WM_GETDLGCODE), picker.GetCalCount()}));
     // The window region is the union of the three calendars' bounds.
     HRGN region = ::CreateRectRgn(0, 0, 0, 0);
     ASSERT_NE(::GetWindowRgn(picker, region), ERROR);
     for (int i = 0; i < 3; ++i)
     {
         const CRect b = picker.GetCalBounds(i);
-        EXPECT_TRUE(::PtInRegion(region, b.left, b.top)) << i;
-        EXPECT_TRUE(::PtInRegion(region, b.right - 1, b.bottom - 1)) << i;
-        EXPECT_FALSE(::PtInRegion(region, b.right, b.bottom)) << i;
+        EXPECT_TRUE(::PtInRegion(region, b.left, b.top) && ::PtInRegion(region, b.right - 1, b.bottom - 1) &&
+                    !::PtInRegion(region, b.right, b.bottom)) << i;
     }
     ::DeleteObject(region);
     // It opens on today's month.
@@ -32,10 +33,8 @@ TEST_F(PickerTest, CreationGivesANamedTabStopWindowShapedLikeItsCalendars)
 TEST_F(PickerTest, ThreeCalendarsFromNovemberRunIntoTheNextYear)
 {
     Create(3, 1, 11, 2005);
-    EXPECT_EQ(picker.DateToCalIndex(11, 2005), 0);
-    EXPECT_EQ(picker.DateToCalIndex(12, 2005), 1);
-    EXPECT_EQ(picker.DateToCalIndex(1, 2006), 2);
-    EXPECT_EQ(picker.DateToCalIndex(2, 2006), -1);
+    EXPECT_EQ(std::vector<int>({0, 1, 2, -1}), std::vector<int>({picker.DateToCalIndex(11, 2005), picker.DateToCalIndex(12, 2005),
+                                                   picker.DateToCalIndex(1, 2006), picker.DateToCalIndex(2, 2006)}));
     CHyDate first, last;
     picker.GetDateRange(&first, &last);
     EXPECT_TRUE(first == CHyDate(2005, 10, 30, 0));   // the Sunday before 1 November
@@ -93,16 +92,13 @@ TEST_F(PickerTest, DisplayMonthKeepsTheHighlightAtItsPosition)
 TEST_F(PickerTest, MaximumMonthDependsOnTheCalendarInFocus)
 {
     Create();
-    int m, y;
+    int m, y, m0, y0;
     picker.focusCal = 2;
     picker.GetMaxMonthYearCurCal(m, y);
-    EXPECT_EQ(m, 12);
-    EXPECT_EQ(y, 2031);
     picker.focusCal = 0;
-    picker.GetMaxMonthYearCurCal(m, y);
-    EXPECT_EQ(m, 10);
-    EXPECT_EQ(picker.Is_MMYY_ValidForCurCal(10, 2031), 1);
-    EXPECT_EQ(picker.Is_MMYY_ValidForCurCal(11, 2031), 0);
+    picker.GetMaxMonthYearCurCal(m0, y0);
+    EXPECT_EQ(std::vector<int>({12, 2031, 10, 2031, 1, 0}),
+              std::vector<int>({m, y, m0, y0, picker.Is_MMYY_ValidForCurCal(10, 2031), picker.Is_MMYY_ValidForCurCal(11, 2031)}));
     picker.focusCal = -1;
 }
 
@@ -111,15 +107,13 @@ TEST_F(PickerTest, MaximumMonthDependsOnTheCalendarInFocus)
 TEST_F(PickerTest, PlainEventGivesWayToAKindButNeverTheOtherWayRound)
 {
     Create();
-    EXPECT_EQ(picker.AddEvent(2005, 11, 3, 0, 2), 0);
-    EXPECT_EQ(picker.AddEvent(2005, 11, 3, 0, 0), -1);   // a kind-2 mark stays
-    EXPECT_EQ(picker.AddEvent(2005, 11, 3, 0, 1), -1);
-    EXPECT_EQ(picker.AddEvent(2005, 11, 4, 0, 0), 0);
-    EXPECT_EQ(picker.AddEvent(2005, 11, 4, 0, 0), -1);   // two plain marks: refused
-    EXPECT_EQ(picker.AddEvent(2005, 11, 4, 0, 3), 0);    // the plain mark is replaced
+    // A kind-2 mark stays; a second plain mark is refused; a plain mark is replaced by a kind.
+    std::vector<int> answers;
+    for (auto [day, kind] : {std::pair(3, 2), {3, 0}, {3, 1}, {4, 0}, {4, 0}, {4, 3}})
+        answers.push_back(picker.AddEvent(2005, 11, day, 0, kind));
+    EXPECT_EQ(std::vector<int>({0, -1, -1, 0, -1, 0}), answers);
     ASSERT_EQ(picker.GetEventCount(), 2);
-    EXPECT_EQ(picker.GetEvent(1).flags, 3);
-    EXPECT_EQ(picker.GetEvent(0).flags, 2);
+    EXPECT_EQ(std::pair(2, 3), std::pair((int)picker.GetEvent(0).flags, (int)picker.GetEvent(1).flags));
 }
 
 TEST_F(PickerTest, ListFormsAddPlainMarksWhateverTheElementsSay)
@@ -128,17 +122,17 @@ TEST_F(PickerTest, ListFormsAddPlainMarksWhateverTheElementsSay)
     CHyDate dates[3] = {CHyDate(2005, 11, 1, 5), CHyDate(2005, 11, 2, 6), CHyDate(2005, 11, 1, 7)};
     EXPECT_EQ(picker.AddEvent(dates, 3, 0), 0);
     ASSERT_EQ(picker.GetEventCount(), 2);
-    EXPECT_EQ(picker.GetEvent(0).flags, 0);
-    EXPECT_EQ(picker.GetEvent(1).flags, 0);
-    EXPECT_EQ(picker.AddEvent(dates, 3, 0), -1);   // nothing new
+    EXPECT_TRUE(picker.GetEvent(0).flags == 0 && picker.GetEvent(1).flags == 0);
     CArray<CHyDate, CHyDate&> more;
     CHyDate extra(2005, 12, 25, 4);
     more.Add(extra);
-    EXPECT_EQ(picker.AddEvent(&more, 0), 0);
-    EXPECT_EQ(picker.GetEventCount(), 3);
-    EXPECT_EQ(picker.RemoveEvent(dates, 3, 0), 0);
-    EXPECT_EQ(picker.GetEventCount(), 1);
-    EXPECT_EQ(picker.RemoveEvent(dates, 3, 0), -1);
+    std::vector<int> steps = {picker.AddEvent(dates, 3, 0)};   // nothing new
+    steps.push_back(picker.AddEvent(&more, 0));
+    steps.push_back(picker.GetEventCount());
+    steps.push_back(picker.RemoveEvent(dates, 3, 0));
+    steps.push_back(picker.GetEventCount());
+    steps.push_back(picker.RemoveEvent(dates, 3, 0));
+    EXPECT_EQ(std::vector<int>({-1, 0, 3, 0, 1, -1}), steps);
     picker.ResetEventArray(0);
     EXPECT_EQ(picker.GetEventCount(), 0);
 }
@@ -179,10 +173,8 @@ TEST_F(PickerTest, TypedMonthSearchStartsAfterTheCurrentMonth)
     EXPECT_EQ(picker.monthNames[5], COleDateTime(2000, 6, 1, 0, 0, 0).Format(_T("%B")));
     if (picker.monthNames[0] != _T("January"))
         GTEST_SKIP() << "the user locale's month names are not English";
-    EXPECT_EQ(picker.FindMonth('j', 1), 6);
-    EXPECT_EQ(picker.FindMonth('j', 6), 7);
-    EXPECT_EQ(picker.FindMonth('j', 7), 1);
-    EXPECT_EQ(picker.FindMonth('q', 7), -1);
+    EXPECT_EQ(std::vector<int>({6, 7, 1, -1}), std::vector<int>({picker.FindMonth('j', 1), picker.FindMonth('j', 6),
+                                                   picker.FindMonth('j', 7), picker.FindMonth('q', 7)}));
     // Typing a letter shows the next month of the first calendar's year named by it.
     hytest::Char(picker, 'm');
     ExpectDisplay(3, 2005);
@@ -219,10 +211,8 @@ TEST_F(PickerTest, HoverTimerMakesHeaderPartsHotAndStopsWhenTheCursorLeaves)
     hytest::MouseMove(picker, arrow.x, arrow.y);
     EXPECT_EQ(picker.timerRunning, 1);
     EXPECT_TRUE(PumpUntil([&] { return picker.rolloverPart == HYPART_NEXT_ARROW; }));
-    EXPECT_EQ(picker.rolloverCal, 2);
     // Between ticks nothing is left pressed or focused.
-    EXPECT_EQ(picker.focusPart, 0);
-    EXPECT_EQ(picker.focusCal, -1);
+    EXPECT_EQ(std::vector<int>({2, 0, -1}), std::vector<int>({picker.rolloverCal, picker.focusPart, picker.focusCal}));
 
     const CPoint caption = Centre(Parts(1).yearCaption);
     screen = caption;
@@ -235,8 +225,7 @@ TEST_F(PickerTest, HoverTimerMakesHeaderPartsHotAndStopsWhenTheCursorLeaves)
     picker.GetWindowRect(&window);
     ::SetCursorPos(window.right + 50, window.bottom + 50);
     EXPECT_TRUE(PumpUntil([&] { return picker.timerRunning == 0; }));
-    EXPECT_EQ(picker.rolloverPart, 0);
-    EXPECT_EQ(picker.rolloverCal, -1);
+    EXPECT_TRUE(picker.rolloverPart == 0 && picker.rolloverCal == -1);
 }
 
 TEST_F(PickerTest, CancelModeEndsThePressWithoutStepping)
@@ -246,9 +235,7 @@ TEST_F(PickerTest, CancelModeEndsThePressWithoutStepping)
     hytest::MouseDown(picker, arrow.x, arrow.y);
     EXPECT_EQ(picker.pressed, 1);
     picker.SendMessage(WM_CANCELMODE);
-    EXPECT_EQ(picker.pressed, 0);
-    EXPECT_EQ(picker.focusPart, 0);
-    EXPECT_EQ(::GetCapture(), nullptr);
+    EXPECT_TRUE(picker.pressed == 0 && picker.focusPart == 0 && ::GetCapture() == nullptr);
     hytest::MouseUp(picker, arrow.x, arrow.y);
     ExpectDisplay(11, 2005);
     EXPECT_TRUE(notify.Matches({}));
