@@ -86,17 +86,14 @@ TEST_F(DayPickerDialogTest, PickerTakesThePlaceholdersPlaceAndTabOrderAndOpensOn
         picker->GetWindowRect(&pickerRect);
         picker->GetCalColRowCount(&cols, &rows);
         picker->GetSelection(y, m, d);
-        EXPECT_EQ(picker->absCalWidth, placeholder.Width());
-        EXPECT_EQ(picker->absCalHeight, placeholder.Height());
+        EXPECT_EQ(CSize(picker->absCalWidth, picker->absCalHeight), placeholder.Size());
         EXPECT_FALSE(::IsWindowVisible(ph));
         // The tab order: OK, Cancel, Today, then the picker; OK has the focus.
-        HWND ok = ::GetDlgItem(h, IDOK), cancel = ::GetDlgItem(h, IDCANCEL);
-        HWND today = ::GetDlgItem(h, IDC_DAY_PICKER_TODAY);
-        EXPECT_EQ(::GetNextDlgTabItem(h, ok, FALSE), cancel);
-        EXPECT_EQ(::GetNextDlgTabItem(h, cancel, FALSE), today);
-        EXPECT_EQ(::GetNextDlgTabItem(h, today, FALSE), picker->m_hWnd);
-        EXPECT_EQ(::GetNextDlgTabItem(h, picker->m_hWnd, FALSE), ok);
-        EXPECT_EQ(::GetFocus(), ok);
+        std::vector<HWND> order = { ::GetFocus() };
+        for (int i = 0; i < 4; ++i)
+            order.push_back(::GetNextDlgTabItem(h, order.back(), FALSE));
+        EXPECT_EQ((std::vector<HWND>{ ::GetDlgItem(h, IDOK), ::GetDlgItem(h, IDCANCEL), ::GetDlgItem(h, IDC_DAY_PICKER_TODAY),
+                                      picker->m_hWnd, ::GetDlgItem(h, IDOK) }), order);
         ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
     });
     EXPECT_EQ(pickerRect, placeholder);
@@ -164,31 +161,28 @@ TEST_F(DayPickerDialogTest, MinusOneOpensOnTodayAndZeroOnTheOleEpoch)
 
 // ---- HyDisplayHyDayPickerDlg ----------------------------------------------------
 
-TEST_F(DayPickerDialogTest, ConfirmedDayReturnsAsAnOleDateAtMidnight)
+// A confirmed day comes back at midnight, with the dialog's limits from 1970;
+// a cancel leaves the argument bit for bit as it was.
+TEST_F(DayPickerDialogTest, ConfirmedDayReturnsAtMidnightAndCancelLeavesTheArgument)
 {
-    double date = OleDate(2005, 11, 15) + 0.75;   // 18:00
-    hytest::DialogDriver driver([](HWND h) {
-        CHyDatePicker* picker = PickerOf(h);
-        EXPECT_EQ(picker->GetMinYear(), 1970);
-        const CPoint at = DayPoint(picker, 20);
-        hytest::DoubleClick(picker->m_hWnd, at.x, at.y);
-    });
-    EXPECT_EQ(HyDisplayHyDayPickerDlg(date), 1);
-    EXPECT_EQ(date, OleDate(2005, 11, 20));
-}
-
-TEST_F(DayPickerDialogTest, CancelLeavesTheArgumentBitForBitUnchanged)
-{
-    const double original = 38671.123456789012;
-    double date = original;
-    hytest::DialogDriver driver([](HWND h) {
-        CHyDatePicker* picker = PickerOf(h);
-        const CPoint at = DayPoint(picker, 2);
-        hytest::Click(picker->m_hWnd, at.x, at.y);
-        ::SendMessage(::GetDlgItem(h, IDCANCEL), BM_CLICK, 0, 0);
-    });
-    EXPECT_EQ(HyDisplayHyDayPickerDlg(date), 0);
-    EXPECT_EQ(std::memcmp(&date, &original, sizeof date), 0);
+    for (bool confirm : { true, false }) {
+        const double original = confirm ? OleDate(2005, 11, 15) + 0.75 : 38671.123456789012;
+        double date = original;
+        hytest::DialogDriver driver([confirm](HWND h) {
+            CHyDatePicker* picker = PickerOf(h);
+            EXPECT_EQ(picker->GetMinYear(), 1970);
+            const CPoint at = DayPoint(picker, confirm ? 20 : 2);
+            if (confirm) {
+                hytest::DoubleClick(picker->m_hWnd, at.x, at.y);
+            } else {
+                hytest::Click(picker->m_hWnd, at.x, at.y);
+                ::SendMessage(::GetDlgItem(h, IDCANCEL), BM_CLICK, 0, 0);
+            }
+        });
+        EXPECT_EQ(HyDisplayHyDayPickerDlg(date), confirm ? 1 : 0);
+        const double want = confirm ? OleDate(2005, 11, 20) : original;
+        EXPECT_EQ(std::memcmp(&date, &want, sizeof date), 0) << date;
+    }
 }
 
 } // namespace

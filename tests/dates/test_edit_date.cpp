@@ -264,12 +264,9 @@ TEST_F(EditDateWrite, InvalidDateRestoresTheLastTimeAndTellsTheParent)
     ASSERT_EQ(1, boxes.Count());
     EXPECT_EQ(UINT(MB_ICONEXCLAMATION), boxes.Calls()[0].type & MB_ICONMASK);
     EXPECT_TRUE(!HostString(283).empty() && HostString(283) == boxes.Calls()[0].text);
-
     EXPECT_EQ(ShortDate(2004, 6, 15), Text(rig.field));
     const hytest::Msg* restored = rig.frame.Last(HYWM_DATEEDIT_RESTORED);
-    ASSERT_NE(nullptr, restored);
-    EXPECT_TRUE(restored->sent);
-    EXPECT_EQ((LPARAM)last.GetTime(), restored->lParam);
+    EXPECT_TRUE(restored && restored->sent && restored->lParam == (LPARAM)last.GetTime());
     EXPECT_EQ(std::pair(0, rig.field.GetWindowTextLength()), Sel(rig.field));
 }
 
@@ -333,10 +330,8 @@ TEST_F(EditDateValue, GetDateIsOneOClockAndAnImpossibleMonthOrDayChangesNothing)
     EXPECT_EQ(COleDateTime(2005, 1, 1, 1, 0, 0).m_dt, rig.field.GetDate());
     EXPECT_EQ("1", std::string(rig.field.GetDay()));
     const std::string before = Text(rig.field);
-    rig.field.SetDate(2005, 13, 1);
-    rig.field.SetDate(2005, 0, 1);
-    rig.field.SetDate(2005, 1, 32);
-    rig.field.SetDate(2005, 1, 0);
+    for (auto [month, day] : { std::pair(13, 1), { 0, 1 }, { 1, 32 }, { 1, 0 } })
+        rig.field.SetDate(2005, month, day);
     EXPECT_EQ(before, Text(rig.field));
     EXPECT_EQ(std::vector<int>({ 2005, 1, 1 }), Parts(rig.field));
     EXPECT_EQ(0, boxes.Count());
@@ -362,18 +357,15 @@ TEST_F(EditDateValue, TimeAndOleSettersShowTheLocalDayAndTheOleOneIsRestoredTo)
     // SetEdit shows a date outside the range without complaint.
     rig.field.SetEdit(COleDateTime(2040, 7, 4, 0, 0, 0).m_dt);
     EXPECT_EQ(ShortDate(2040, 7, 4), Text(rig.field));
-    EXPECT_EQ(2040, rig.field.Year());
-    EXPECT_EQ(0, rig.field.IsValidDate());
-    EXPECT_EQ(0, boxes.Count());
+    EXPECT_EQ((std::vector<int>{ 2040, 0, 0 }), (std::vector<int>{ rig.field.Year(), rig.field.IsValidDate(), boxes.Count() }));
 
     // The OLE setter remembers the date to restore.
     rig.field.SetDate(COleDateTime(2012, 8, 20, 0, 0, 0).m_dt);
     rig.field.SetDate(1850, 1, 1);    // out of range: back to 20 August 2012
     EXPECT_EQ(1, boxes.Count());
     EXPECT_EQ(ShortDate(2012, 8, 20), Text(rig.field));
-    const hytest::Msg* restored = rig.frame.Last(HYWM_DATEEDIT_RESTORED);
-    ASSERT_NE(nullptr, restored);
-    EXPECT_EQ((LPARAM)CTime(2012, 8, 20, 0, 0, 0).GetTime(), restored->lParam);
+    ASSERT_NE(nullptr, rig.frame.Last(HYWM_DATEEDIT_RESTORED));
+    EXPECT_EQ((LPARAM)CTime(2012, 8, 20, 0, 0, 0).GetTime(), rig.frame.Last(HYWM_DATEEDIT_RESTORED)->lParam);
 }
 
 TEST_F(EditDateValue, DateEnteredReadsTheTextInEachForm)
@@ -415,13 +407,9 @@ TEST_F(EditDateKeys, ParentAnsweringTheKeyMessageConsumesTheKey)
     rig.field.SetSel(0, 0);
     hytest::KeyPress(rig.field, VK_DELETE);
     EXPECT_EQ("12", Text(rig.field));
-    const hytest::Msg* down = rig.frame.Last(HYWM_DATEEDIT_KEYDOWN);
-    ASSERT_NE(nullptr, down);
-    EXPECT_TRUE(down->sent);
-    EXPECT_EQ(WPARAM(VK_DELETE), down->wParam);
-    const hytest::Msg* up = rig.frame.Last(HYWM_DATEEDIT_KEYUP);
-    ASSERT_NE(nullptr, up);
-    EXPECT_TRUE(up->wParam == VK_DELETE && up->seq > down->seq);
+    const hytest::Msg *down = rig.frame.Last(HYWM_DATEEDIT_KEYDOWN), *up = rig.frame.Last(HYWM_DATEEDIT_KEYUP);
+    ASSERT_TRUE(down && up);
+    EXPECT_TRUE(down->sent && down->wParam == VK_DELETE && up->wParam == VK_DELETE && up->seq > down->seq);
 
     // Any other answer leaves the key to the field.
     rig.frame.OnMessage(HYWM_DATEEDIT_KEYDOWN, [](HWND, WPARAM, LPARAM) -> LRESULT { return 1; });

