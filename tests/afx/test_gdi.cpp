@@ -196,9 +196,7 @@ TEST(GdiObjects, CreatePointFontConvertsTenthsOfAPointToPixels)
     const int dpi = s.dc().GetDeviceCaps(LOGPIXELSY);
     EXPECT_EQ(-::MulDiv(12, dpi, 72), lf.lfHeight);
     EXPECT_STREQ("Arial", lf.lfFaceName);
-
-    // In a mapping mode of tenths of a millimetre the height follows it.
-    s.dc().SetMapMode(MM_LOMETRIC);
+    s.dc().SetMapMode(MM_LOMETRIC);   // tenths of a millimetre: the height follows
     CFont metric;
     ASSERT_TRUE(metric.CreatePointFont(720, "Arial", &s.dc()));  // one inch
     metric.GetLogFont(&lf);

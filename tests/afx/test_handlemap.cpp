@@ -131,17 +131,6 @@ TYPED_TEST(HandleMaps, TemporaryWrappersAreFreedAtIdleAndWhenTheirThreadEnds)
         TypeParam::Destroy(h);
 }
 
-TEST(HandleMaps, AWindowsObjectIsNotPermanentOnAnotherThread)
-{
-    CWnd wnd;
-    ASSERT_TRUE(wnd.CreateEx(0, nullptr, "w", WS_POPUP, 0, 0, 8, 8, nullptr, nullptr));
-    CWnd* pElsewhere = &wnd;
-    RunOnSecondThread([&] { pElsewhere = CWnd::FromHandlePermanent(wnd.m_hWnd); });
-    EXPECT_EQ(nullptr, pElsewhere);
-    EXPECT_EQ(&wnd, CWnd::FromHandlePermanent(wnd.m_hWnd));
-    wnd.DestroyWindow();
-}
-
 // ---- live ASSERT ----
 
 LPCSTR g_assertFile;

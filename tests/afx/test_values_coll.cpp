@@ -215,27 +215,6 @@ TYPED_TEST(ValuesList, KeepsOrderAndPositions)
     EXPECT_EQ(NULL, list.GetHeadPosition());
 }
 
-class Named : public CObject
-{
-public:
-    explicit Named(int n) : m_n(n) {}
-    int m_n;
-};
-
-TEST(ValuesTypedPointers, ListsAndArraysAnswerTheirType)
-{
-    Named a(1), b(2);
-    CTypedPtrList<CObList, Named*> list;
-    list.AddTail(&b);
-    list.AddHead(&a);
-    EXPECT_EQ(1, list.GetHead()->m_n);
-    EXPECT_EQ(&b, list.RemoveTail());
-    CTypedPtrArray<CPtrArray, Named*> arr;
-    arr.Add(&b);
-    arr[0]->m_n = 5;
-    EXPECT_EQ(5, b.m_n);
-}
-
 // ---- maps ----
 
 TEST(ValuesMap, LooksUpReplacesAndRemoves)

@@ -382,11 +382,9 @@ TEST_F(PickerTest, TooltipTextIsAskedOncePerDayFromTheNotifyWindowButNotDuringAP
     hytest::MouseMove(picker, header.x, header.y);   // off the grid: forgotten
     hytest::MouseMove(picker, a.x, a.y);
     ASSERT_EQ(asked.size(), 3u);
-    EXPECT_TRUE(asked[0] == CHyDate(2005, 11, 3, 0));
-    EXPECT_TRUE(asked[1] == CHyDate(2005, 12, 1, 0));
-    EXPECT_TRUE(asked[2] == CHyDate(2005, 11, 3, 0));
-    EXPECT_EQ(notify.Messages()[0].msg, (UINT)HYWM_DATEPICKER_GETTIP);
-    EXPECT_TRUE(notify.Messages()[0].sent);
+    EXPECT_TRUE(asked[0] == CHyDate(2005, 11, 3, 0) && asked[1] == CHyDate(2005, 12, 1, 0) &&
+                asked[2] == CHyDate(2005, 11, 3, 0));
+    EXPECT_TRUE(notify.Messages()[0].msg == HYWM_DATEPICKER_GETTIP && notify.Messages()[0].sent);
     // The tip carries the host's text.
     CString text;
     picker.tooltip.GetText(text, &picker);
@@ -409,18 +407,18 @@ TEST_F(PickerTest, DragSourceLearnsTheDayUnderThePoint)
     const CPoint at = DayPoint(2005, 12, 24);
     CHyDate date(0, 0, 0, 0);
     EXPECT_EQ(picker.SendMessage(HYWM_DATEPICKER_DRAGOVER, (WPARAM)&date, MAKELPARAM(at.x, at.y)), 1);
-    EXPECT_TRUE(date == CHyDate(2005, 12, 24, 0));
-    EXPECT_TRUE(picker.dropDate == CHyDate(2005, 12, 24, 0));
-    const CPoint header = Centre(Parts(0).header);
-    EXPECT_EQ(picker.SendMessage(HYWM_DATEPICKER_DRAGOVER, 0, MAKELPARAM(header.x, header.y)), 0);
-    EXPECT_EQ(picker.dropDate.year, -1);
-    const CPoint grey = DayPoint(2005, 10, 31, 0);
-    EXPECT_EQ(picker.SendMessage(HYWM_DATEPICKER_DROP, (WPARAM)&date, MAKELPARAM(grey.x, grey.y)), 1);
-    EXPECT_TRUE(date == CHyDate(2005, 10, 31, 0));
-    EXPECT_EQ(picker.dropDate.year, -1);
+    EXPECT_TRUE(date == CHyDate(2005, 12, 24, 0) && picker.dropDate == CHyDate(2005, 12, 24, 0));
+    // Off the days, a drop, and the end of the drag each clear the drop target.
+    const CPoint header = Centre(Parts(0).header), grey = DayPoint(2005, 10, 31, 0);
+    std::vector<LRESULT> answers = {picker.SendMessage(HYWM_DATEPICKER_DRAGOVER, 0, MAKELPARAM(header.x, header.y)),
+                                    picker.dropDate.year};
+    answers.push_back(picker.SendMessage(HYWM_DATEPICKER_DROP, (WPARAM)&date, MAKELPARAM(grey.x, grey.y)));
+    answers.push_back(picker.dropDate.year);
     picker.SendMessage(HYWM_DATEPICKER_DRAGOVER, 0, MAKELPARAM(at.x, at.y));
-    EXPECT_EQ(picker.SendMessage(HYWM_DATEPICKER_DRAGEND, 0, 0), 0);
-    EXPECT_EQ(picker.dropDate.year, -1);
+    answers.push_back(picker.SendMessage(HYWM_DATEPICKER_DRAGEND, 0, 0));
+    answers.push_back(picker.dropDate.year);
+    EXPECT_EQ(std::vector<LRESULT>({0, -1, 1, -1, 0, -1}), answers);
+    EXPECT_TRUE(date == CHyDate(2005, 10, 31, 0));
     // None of it is a selection.
     EXPECT_TRUE(notify.Matches({}));
 }
