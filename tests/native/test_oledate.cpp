@@ -20,14 +20,10 @@ struct Known
 
 constexpr double kSecond = 1.0 / 86400.0;
 
+// Whole days of the range are counted in OleDateRoundTrip.EveryDayOfTheRange;
+// here the values a day count cannot show: times, signs and rounding.
 const Known kKnownDates[] = {
-    {0.0, true, 1899, 12, 30, 0, 0, 0, 6, 364},
-    {1.0, true, 1899, 12, 31, 0, 0, 0, 0, 365},
-    {2.0, true, 1900, 1, 1, 0, 0, 0, 1, 1},
-    {36585.0, true, 2000, 2, 29, 0, 0, 0, 2, 60},
     {38596.75, true, 2005, 9, 1, 18, 0, 0, 4, 244},
-    {-657434.0, true, 100, 1, 1, 0, 0, 0, 5, 1},
-    {2958465.0, true, 9999, 12, 31, 0, 0, 0, 5, 365},
     // Before day zero the fraction's magnitude is the time of the day.
     {-1.25, true, 1899, 12, 29, 6, 0, 0, 5, 363},
     {-2.75, true, 1899, 12, 28, 18, 0, 0, 4, 362},
