@@ -364,8 +364,9 @@ TEST_F(EditDateValue, TimeAndOleSettersShowTheLocalDayAndTheOleOneIsRestoredTo)
     rig.field.SetDate(1850, 1, 1);    // out of range: back to 20 August 2012
     EXPECT_EQ(1, boxes.Count());
     EXPECT_EQ(ShortDate(2012, 8, 20), Text(rig.field));
-    ASSERT_NE(nullptr, rig.frame.Last(HYWM_DATEEDIT_RESTORED));
-    EXPECT_EQ((LPARAM)CTime(2012, 8, 20, 0, 0, 0).GetTime(), rig.frame.Last(HYWM_DATEEDIT_RESTORED)->lParam);
+    const hytest::Msg* restored = rig.frame.Last(HYWM_DATEEDIT_RESTORED);
+    ASSERT_NE(nullptr, restored);
+    EXPECT_EQ((LPARAM)CTime(2012, 8, 20, 0, 0, 0).GetTime(), restored->lParam);
 }
 
 TEST_F(EditDateValue, DateEnteredReadsTheTextInEachForm)

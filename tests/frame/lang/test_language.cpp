@@ -69,8 +69,9 @@ TEST(LanguageTest, EachFolderGivesItsTranslationsAndTheLibraryTheRest)
         LibraryWithLanguage lib(row.folder);
         ASSERT_NE(nullptr, lib.module);
         EXPECT_EQ(row.photo, std::string(Loaded(12547)));
-        if (row.monday)
+        if (row.monday) {
             EXPECT_EQ(std::string(row.monday) + row.tuesday, std::string(Loaded(12501) + Loaded(12502)));
+        }
     }
     // The library is gone, and with it its entries of the resource chain.
     EXPECT_EQ(CString("<missing><missing>"), Loaded(12501) + Loaded(12547));
