@@ -63,22 +63,6 @@ TEST(ResourceChainTest, FirstEntryWinsLaterEntriesFillTheGaps)
     EXPECT_EQ((std::vector<CString>{ "second", "<missing>", "second only", "<missing>" }), texts());
 }
 
-TEST(ResourceChainTest, ExtensionRecordEntriesAreCountedAndTerminated)
-{
-    ResourceChain chain;
-    ASSERT_NE(nullptr, chain.entryFirst);
-    int before = CDynLinkLibrary::GetCount();
-    static AFX_EXTENSION_MODULE record = { FALSE, nullptr, nullptr, nullptr };
-    ASSERT_TRUE(AfxInitExtensionModule(record, chain.second));
-    EXPECT_FALSE(AfxInitExtensionModule(record, nullptr));
-    new CDynLinkLibrary(record);
-    new CDynLinkLibrary(record);
-    EXPECT_EQ(before + 2, CDynLinkLibrary::GetCount());
-    AfxTermExtensionModule(record);
-    EXPECT_EQ(before, CDynLinkLibrary::GetCount());
-    EXPECT_FALSE(record.bInitialized);
-}
-
 // ---- the dialog of module chain_second: data exchange ----
 
 constexpr int IDC_NAME = 1000, IDC_COUNT = 1001, IDC_FIRST_RADIO = 1002;
@@ -162,7 +146,7 @@ TEST_F(DialogTest, ModalDialogFromChainExchangesDataBothWays)
     EXPECT_EQ(CString("Grace"), dlg.m_name);
     EXPECT_EQ((std::vector<int>{ 42, 2, 10, 0 }), (std::vector<int>{ dlg.m_count, dlg.m_choice, (int)limit, boxes.Count() }));
     EXPECT_EQ(nullptr, dlg.m_hWnd);
-    EXPECT_EQ(-1, CDialog(4242).DoModal());   // no such template
+    EXPECT_EQ(-1, CDialog(4343).DoModal());   // no such template
 }
 
 // A refused field keeps the dialog open with the framework's prompt and the

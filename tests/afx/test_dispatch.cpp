@@ -263,18 +263,6 @@ TEST_F(ReflectionTest, TheControlHandlesItsOwnNotificationsBeforeItsParent)
     EXPECT_EQ(std::pair(1, 0), std::pair(button.notifies, parent.notifies));
 }
 
-TEST_F(ReflectionTest, NotificationOfAPlainChildReachesTheParentMap)
-{
-    CWnd plain;
-    ASSERT_TRUE(plain.Create("BUTTON", "p", WS_VISIBLE, CRect(70, 5, 120, 30), &parent, kButtonId + 1));
-    parent.SendMessage(WM_COMMAND, MAKEWPARAM(kButtonId + 1, BN_CLICKED), (LPARAM)plain.m_hWnd);
-    EXPECT_EQ(0, parent.clicks);   // no entry for that id
-    NMHDR nm{ plain.m_hWnd, kButtonId, kCustomNotify };
-    EXPECT_EQ(1, parent.SendMessage(WM_NOTIFY, kButtonId, (LPARAM)&nm));
-    EXPECT_EQ(1, parent.notifies);
-    plain.DestroyWindow();
-}
-
 class CColouredStatic : public CWnd
 {
 public:

@@ -41,40 +41,24 @@ const GeometryRow kGeometry[] = {
     { "point from lParam, signed", [] { return P(CPoint((DWORD)MAKELPARAM(-5, -7))); }, CRect(-5, -7, 0, 0) },
     { "size from DWORD, signed", [] { return S(CSize((DWORD)MAKELONG(300, -1))); }, CRect(300, -1, 0, 0) },
     { "point - point is a size", [] { return S(CPoint(10, 20) - CPoint(3, 4)); }, CRect(7, 16, 0, 0) },
-    { "point + size", [] { return P(CPoint(10, 20) + CSize(3, 4)); }, CRect(13, 24, 0, 0) },
-    { "unary minus", [] { return P(-CPoint(10, 20)); }, CRect(-10, -20, 0, 0) },
     { "+= size, -= point, Offset", [] { CPoint a(10, 20); a += CSize(1, 1); a -= CPoint(1, 2); a.Offset(CSize(5, 5)); return P(a); }, CRect(15, 24, 0, 0) },
     { "size - size", [] { return S(CSize(1, 1) - CSize(3, -2)); }, CRect(-2, 3, 0, 0) },
-    { "size + point", [] { return P(CSize(1, 2) + CPoint(3, 4)); }, CRect(4, 6, 0, 0) },
-    { "from RECT", [] { RECT raw = { 10, 20, 40, 60 }; return CRect(raw); }, CRect(10, 20, 40, 60) },
-    { "from RECT*", [] { RECT raw = { 10, 20, 40, 60 }; return CRect(&raw); }, CRect(10, 20, 40, 60) },
     { "from point and size", [] { return CRect(CPoint(10, 20), CSize(30, 40)); }, CRect(10, 20, 40, 60) },
-    { "from two points", [] { return CRect(CPoint(10, 20), CPoint(40, 60)); }, CRect(10, 20, 40, 60) },
-    { "width, height", [] { CRect r(10, 20, 40, 60); return CRect(r.Width(), r.Height(), 0, 0); }, CRect(30, 40, 0, 0) },
     { "size, centre", [] { CRect r(10, 20, 40, 60); return CRect(r.Size().cx, r.Size().cy, r.CenterPoint().x, r.CenterPoint().y); }, CRect(30, 40, 25, 40) },
     { "corner references write through", [] { CRect r(0, 0, 10, 10); r.TopLeft() = CPoint(2, 3); r.BottomRight().Offset(5, 5); return r; }, CRect(2, 3, 15, 15) },
     { "normalize both axes", [] { CRect r(50, 40, 10, 5); r.NormalizeRect(); return r; }, CRect(10, 5, 50, 40) },
-    { "normalize one axis", [] { CRect r(0, 30, 20, 10); r.NormalizeRect(); return r; }, CRect(0, 10, 20, 30) },
-    { "intersection", [] { CRect i; i.IntersectRect(CRect(0, 0, 100, 50), CRect(60, 20, 200, 80)); return i; }, CRect(60, 20, 100, 50) },
     { "&, &=", [] { CRect c(0, 0, 100, 50); c &= CRect(60, 20, 200, 80); return c & CRect(0, 0, 90, 90); }, CRect(60, 20, 90, 50) },
     { "disjoint intersection is all zero", [] { CRect i(1, 1, 2, 2); i.IntersectRect(CRect(0, 0, 100, 50), CRect(300, 300, 400, 400)); return i; }, CRect(0, 0, 0, 0) },
-    { "union", [] { CRect u; u.UnionRect(CRect(0, 0, 10, 10), CRect(20, 5, 30, 40)); return u; }, CRect(0, 0, 30, 40) },
     { "|, |=, empty ignored", [] { CRect c(0, 0, 10, 10); c |= CRect(500, 500, 500, 600); return c | CRect(20, 5, 30, 40); }, CRect(0, 0, 30, 40) },
     { "subtract a full side", [] { CRect r; r.SubtractRect(CRect(0, 0, 100, 100), CRect(0, 0, 100, 30)); return r; }, CRect(0, 30, 100, 100) },
     { "subtract a hole", [] { CRect r; r.SubtractRect(CRect(0, 0, 100, 100), CRect(10, 10, 20, 20)); return r; }, CRect(0, 0, 100, 100) },
-    { "inflate x, y", [] { CRect r(10, 10, 20, 20); r.InflateRect(2, 3); return r; }, CRect(8, 7, 22, 23) },
     { "deflate size", [] { CRect r(10, 10, 20, 20); r.DeflateRect(CSize(1, 2)); return r; }, CRect(11, 12, 19, 18) },
     { "inflate per side", [] { CRect r(10, 10, 20, 20); r.InflateRect(1, 2, 3, 4); return r; }, CRect(9, 8, 23, 24) },
-    { "inflate RECT*", [] { CRect r(10, 10, 20, 20); r.InflateRect(&kSides); return r; }, CRect(9, 8, 23, 24) },
-    { "deflate RECT*", [] { CRect r(10, 10, 20, 20); r.DeflateRect(&kSides); return r; }, CRect(11, 12, 17, 16) },
     { "deflate per side", [] { CRect r(10, 10, 20, 20); r.DeflateRect(1, 2, 3, 4); return r; }, CRect(11, 12, 17, 16) },
-    { "+ RECT*, - RECT*", [] { CRect r(10, 10, 20, 20); return (r + &kSides) - &kSides; }, CRect(10, 10, 20, 20) },
     { "+= RECT*", [] { CRect r(10, 10, 20, 20); r += &kSides; return r; }, CRect(9, 8, 23, 24) },
     { "-= RECT*", [] { CRect r(10, 10, 20, 20); r -= &kSides; return r; }, CRect(11, 12, 17, 16) },
-    { "offset x, y", [] { CRect r(0, 0, 10, 5); r.OffsetRect(3, 4); return r; }, CRect(3, 4, 13, 9) },
     { "offset point, size", [] { CRect r(0, 0, 10, 5); r.OffsetRect(CPoint(-3, -4)); r.OffsetRect(CSize(1, 1)); return r; }, CRect(-2, -3, 8, 2) },
     { "+ point, - size", [] { CRect r(1, 1, 11, 6); return (r + CPoint(2, 3)) - CSize(1, 1); }, CRect(2, 3, 12, 8) },
-    { "+= size, -= point", [] { CRect r(1, 1, 11, 6); r += CSize(1, 0); r -= CPoint(0, 1); return r; }, CRect(2, 0, 12, 5) },
 };
 
 }  // namespace
@@ -85,27 +69,15 @@ TEST(GdiGeometry, OperationsGiveTheirRectangles)
         EXPECT_EQ(row.expected, row.op()) << row.what;
 }
 
-TEST(GdiGeometry, PredicatesAndCornerReferences)
+TEST(GdiGeometry, EmptyIsNotNullAndPtInRectLeavesOutTheFarEdges)
 {
-    CRect r(0, 0, 10, 10);
-    const CRect& cr = r;
-    EXPECT_EQ(&cr.TopLeft().x, &r.left);
-    EXPECT_EQ(&cr.BottomRight().y, &r.bottom);
-    // Empty and null are different things.
     EXPECT_TRUE(CRect(50, 40, 10, 5).IsRectEmpty());
-    EXPECT_TRUE(CRect(5, 5, 5, 20).IsRectEmpty());
-    EXPECT_FALSE(CRect(5, 5, 5, 20).IsRectNull());
-    EXPECT_TRUE(CRect().IsRectNull());
+    EXPECT_TRUE(CRect(5, 5, 5, 20).IsRectEmpty() && !CRect(5, 5, 5, 20).IsRectNull());
     EXPECT_TRUE((CRect(0, 0, 100, 50) & CRect(100, 0, 150, 50)).IsRectEmpty());   // a shared edge only
-    r.SetRectEmpty();
-    EXPECT_TRUE(r.IsRectNull());
-    // PtInRect leaves out the right and bottom edges.
     const CRect box(10, 10, 20, 20);
     EXPECT_TRUE(box.PtInRect(CPoint(10, 10)) && box.PtInRect(CPoint(19, 19)));
     EXPECT_FALSE(box.PtInRect(CPoint(20, 15)) || box.PtInRect(CPoint(15, 20)) || box.PtInRect(CPoint(9, 15)));
-    // Equality in every form.
-    EXPECT_TRUE(CPoint(15, 24) == CPoint(15, 24) && CPoint(15, 24) != CPoint(15, 25));
-    EXPECT_TRUE(box != CRect(10, 10, 20, 21) && box.EqualRect(CRect(10, 10, 20, 20)));
+    EXPECT_TRUE(box != CRect(10, 10, 20, 21) && CPoint(15, 24) != CPoint(15, 25));
 }
 
 /////////////////////////////////////////////////////////////////////////////
@@ -223,15 +195,6 @@ TEST(GdiSelect, SelectObjectAnswersThePreviousObjectOfTheSameKind)
     dc.SelectObject(pOld);
     EXPECT_EQ(hDefaultPen, ::GetCurrentObject(dc.m_hDC, OBJ_PEN));
 
-    CFont font;
-    font.CreatePointFont(100, "Arial");
-    HGDIOBJ hDefaultFont = ::GetCurrentObject(dc.m_hDC, OBJ_FONT);
-    CFont* pOldFont = dc.SelectObject(&font);
-    EXPECT_EQ(hDefaultFont, pOldFont->m_hObject);
-    EXPECT_EQ(&font, dc.GetCurrentFont());
-    dc.SelectObject(pOldFont);
-    EXPECT_EQ(hDefaultFont, ::GetCurrentObject(dc.m_hDC, OBJ_FONT));
-
     CBrush brush(kRed);
     HGDIOBJ hDefaultBrush = ::GetCurrentObject(dc.m_hDC, OBJ_BRUSH);
     CGdiObject* pOldBrush = dc.SelectObject(static_cast<CGdiObject*>(&brush));
@@ -271,44 +234,16 @@ TEST(GdiSelect, ScopeHelperRestoresOnExit)
 /////////////////////////////////////////////////////////////////////////////
 // GdiDC: attachment, temporaries, attributes
 
-TEST(GdiDC, ACDCDeletesItsOwnDCAndATemporaryWrapperNone)
-{
-    HDC hdc = ::CreateCompatibleDC(nullptr);
-    CDC* p = CDC::FromHandle(hdc);
-    ASSERT_NE(nullptr, p);
-    EXPECT_EQ(hdc, p->m_hDC);
-    EXPECT_EQ(hdc, p->m_hAttribDC);
-    EXPECT_EQ(p, CDC::FromHandle(hdc));
-    AfxDeleteTempGdiMaps();
-    EXPECT_EQ(OBJ_MEMDC, ::GetObjectType(hdc));
-    EXPECT_TRUE(::DeleteDC(hdc));
-    {
-        CDC dc;
-        ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
-        hdc = dc.m_hDC;
-        EXPECT_EQ(&dc, CDC::FromHandle(hdc));
-    }
-    EXPECT_EQ(0u, (unsigned)::GetObjectType(hdc));
-}
-
-TEST(GdiDC, ConversionsFollowTheMappingAndSizesKeepTheirSign)
+// Sizes convert as extents: the viewport's flip leaves their sign alone.
+TEST(GdiDC, SizesKeepTheirSignThroughAFlippedMapping)
 {
     Canvas s(20, 20);
-    s.dc().SetViewportOrg(6, 7);
-    CPoint pt(0, 0);
-    s.dc().LPtoDP(&pt);
-    EXPECT_EQ(CPoint(6, 7), pt);
-    CRect r(6, 7, 8, 9);
-    s.dc().DPtoLP(&r);
-    EXPECT_EQ(CRect(0, 0, 2, 2), r);
-
-    s.dc().SetViewportOrg(0, 0);
     s.dc().SetMapMode(MM_ANISOTROPIC);
     s.dc().SetWindowExt(10, 10);
     s.dc().SetViewportExt(20, -20);
     CSize size(3, 4);
     s.dc().LPtoDP(&size);
-    EXPECT_EQ(CSize(6, 8), size);  // sizes keep their sign
+    EXPECT_EQ(CSize(6, 8), size);
     s.dc().DPtoLP(&size);
     EXPECT_EQ(CSize(3, 4), size);
 }

@@ -52,22 +52,6 @@ protected:
 
 }  // namespace
 
-TEST_F(GdiWindowDC, ClientDCCoversTheClientAreaAndWindowDCTheFrame)
-{
-    CRect window, client, box;
-    wnd.GetWindowRect(&window);
-    wnd.GetClientRect(&client);
-    {
-        CClientDC dc(&wnd);
-        EXPECT_EQ(&dc, CDC::FromHandle(dc.m_hDC));
-        dc.GetClipBox(&box);
-        EXPECT_EQ(client, box);
-    }
-    CWindowDC dc(&wnd);
-    dc.GetClipBox(&box);
-    EXPECT_EQ(window.Size(), box.Size());
-}
-
 // CPaintDC paints the update rectangle and validates it, or paints the
 // whole client area into the DC passed in wParam and leaves the update
 // region alone; repeated use leaves no objects behind.

@@ -64,19 +64,6 @@ TEST(ValuesString, ConstructsConcatenatesAndCopiesIndependently)
     EXPECT_EQ((Strings{"one", "One", "ONE"}), (Strings{S(one), S(b), S(c)}));
 }
 
-TEST(ValuesString, ComparesWithStringOnEitherSide)
-{
-    CString abc("abc");
-    EXPECT_TRUE(abc == "abc" && "abc" == abc && abc == CString("abc") && abc != "abd");
-    EXPECT_TRUE(abc < "abd" && "abb" < abc && abc > "ab" && abc <= "abc" && "abd" >= abc);
-    EXPECT_FALSE(abc != "abc" || abc < "abc" || abc > "abc");
-    EXPECT_LT(abc.Compare("abd"), 0);
-    EXPECT_NE(0, abc.Compare("ABC"));
-    EXPECT_EQ(0, abc.CompareNoCase("ABC"));
-    EXPECT_GT(abc.CompareNoCase("ABB"), 0);
-    EXPECT_EQ(0, abc.Collate("abc"));
-}
-
 TEST(ValuesString, ExtractsAndFindsWithinTheString)
 {
     CString s("abcdef");
@@ -198,14 +185,6 @@ TEST(ValuesString, BufferProtocolSetsTheLength)
     l.LockBuffer()[0] = 'L';
     l.UnlockBuffer();
     EXPECT_EQ((Strings{"abcde", "Lock"}), (Strings{S(e), S(l)}));
-}
-
-TEST(ValuesString, SingleByteCodePageTreatsEveryByteAsACharacter)
-{
-    ScopedMbcp cp(1252);
-    ASSERT_TRUE(cp.Ok());
-    CString s(kSjisBackslashTrail);
-    EXPECT_EQ((Ints{1, 1}), (Ints{s.Find('\\'), s.ReverseFind('\\')}));
 }
 
 TEST(ValuesString, DoubleByteTrailBytesAreNeverSplit)

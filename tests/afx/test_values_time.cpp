@@ -62,21 +62,6 @@ TEST(ValuesTime, SpansAddAndSubtract)
     EXPECT_EQ(Parts({ -1, -2, -3, -4 }), SpanParts(t - later));
 }
 
-TEST(ValuesTime, FileTimeIsReadAsUtc)
-{
-    CTime t(2006, 7, 4, 15, 45, 30);
-    struct tm gmt;
-    ASSERT_NE(nullptr, t.GetGmtTm(&gmt));
-    SYSTEMTIME stUtc = { (WORD)(gmt.tm_year + 1900), (WORD)(gmt.tm_mon + 1), 0, (WORD)gmt.tm_mday,
-                         (WORD)gmt.tm_hour, (WORD)gmt.tm_min, (WORD)gmt.tm_sec, 0 };
-    FILETIME ft;
-    ASSERT_TRUE(::SystemTimeToFileTime(&stUtc, &ft));
-    EXPECT_EQ(t.GetTime(), CTime(ft).GetTime());
-    char szExpected[32];
-    snprintf(szExpected, sizeof szExpected, "%02d:%02d", gmt.tm_hour, gmt.tm_min);
-    EXPECT_STREQ(szExpected, (LPCTSTR)t.FormatGmt("%H:%M"));
-}
-
 // ---- COleDateTime ----
 
 // Day counts and the fields of a value are the calendar core's, tested
@@ -174,13 +159,3 @@ TEST(ValuesOleDate, LocaleFormatShowsOnlyTheNonZeroPartsAndParsesBack)
     EXPECT_EQ(COleDateTime::invalid, parsed.GetStatus());
 }
 
-TEST(ValuesOleDate, SpanPartsAndFormat)
-{
-    COleDateTimeSpan span(2, 3, 4, 5);
-    EXPECT_EQ(Parts({ 2, 3, 4, 5 }), SpanParts(span));
-    EXPECT_DOUBLE_EQ(51.0 + 4 / 60.0 + 5 / 3600.0, span.GetTotalHours());
-    EXPECT_STREQ("2 03:04:05", (LPCTSTR)span.Format("%D %H:%M:%S"));
-    EXPECT_EQ(Parts({ -2, -3, -4, -5 }), SpanParts(-span));
-    EXPECT_TRUE(-span < span);
-    EXPECT_EQ(COleDateTimeSpan(4, 6, 8, 10), span + span);
-}

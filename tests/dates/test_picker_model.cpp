@@ -89,19 +89,6 @@ TEST_F(PickerTest, DisplayMonthKeepsTheHighlightAtItsPosition)
     ExpectHighlight(2007, 2, 1);
 }
 
-TEST_F(PickerTest, MaximumMonthDependsOnTheCalendarInFocus)
-{
-    Create();
-    int m, y, m0, y0;
-    picker.focusCal = 2;
-    picker.GetMaxMonthYearCurCal(m, y);
-    picker.focusCal = 0;
-    picker.GetMaxMonthYearCurCal(m0, y0);
-    EXPECT_EQ(std::vector<int>({12, 2031, 10, 2031, 1, 0}),
-              std::vector<int>({m, y, m0, y0, picker.Is_MMYY_ValidForCurCal(10, 2031), picker.Is_MMYY_ValidForCurCal(11, 2031)}));
-    picker.focusCal = -1;
-}
-
 // ---- events ----------------------------------------------------------------------
 
 TEST_F(PickerTest, PlainEventGivesWayToAKindButNeverTheOtherWayRound)

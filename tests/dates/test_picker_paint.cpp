@@ -265,18 +265,6 @@ TEST_F(DatePickerPaintDays, NeighbouringMonthsAreSubduedOrHidden)
     EXPECT_FALSE(Uniform(hidden, own));
 }
 
-TEST_F(DatePickerPaintDays, September1752LeavesItsMissingDaysBlank)
-{
-    ASSERT_TRUE(picker.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 210, 200), CWnd::FromHandle(parent), 1001));
-    picker.SetSelection(1752, 9, 14, 0);
-    Renderer r(picker.m_hWnd);
-    for (int cell = 0; cell < 42; ++cell) {
-        const bool empty = cell < 2 || cell > 20;
-        EXPECT_EQ(empty, Uniform(r, GridCell(Parts(0), picker.GetDayWidth(), picker.GetDayHeight(), cell)))
-            << "cell " << cell;
-    }
-}
-
 // The day-of-week row of a picker whose weeks begin on Monday or Sunday (the
 // host profile's setting), one pixel list per column.
 TEST_F(DatePickerPaintDays, MondayFirstPutsSundayLast)

@@ -23,55 +23,25 @@ std::string Caption(HWND h)
     return buf;
 }
 
-// A dialog template with a caption and no controls, as the resource compiler
-// lays it out.
-std::vector<BYTE> MakeTemplate(const wchar_t* caption)
-{
-    DLGTEMPLATE d{};
-    d.style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;
-    d.cx = 120;
-    d.cy = 60;
-    const size_t captionBytes = (wcslen(caption) + 1) * sizeof(wchar_t);
-    // The header, no menu and the default class (two zero words), the caption.
-    std::vector<BYTE> t(sizeof d + 4 + captionBytes, 0);
-    memcpy(t.data(), &d, sizeof d);
-    memcpy(t.data() + sizeof d + 4, caption, captionBytes);
-    return t;
-}
-
-// A module in the resource chain (the application's resource module for the
-// test's duration) that holds its own copy of template 109 and template
-// 4242: a copy of HyAfx.dll with the two added, loaded as data.
+// A resource module in the chain (the application's resource module for the
+// test's duration) holding its own copy of template 109 and template 4242.
 class ChainModule
 {
 public:
-    ChainModule()
+    ChainModule() : m_module(::LoadLibraryExA("chain_second.dll", nullptr, LOAD_LIBRARY_AS_DATAFILE))
     {
-        char path[MAX_PATH];
-        ::GetModuleFileNameA(::GetModuleHandleA("HyAfx.dll"), path, MAX_PATH);
-        EXPECT_TRUE(::CopyFileA(path, m_copy.path(), FALSE));
-        HANDLE h = ::BeginUpdateResourceA(m_copy.path(), FALSE);
-        EXPECT_NE(nullptr, h);
-        std::vector<BYTE> a = MakeTemplate(L"Chain copy"), b = MakeTemplate(L"Chain only");
-        WORD lang = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
-        EXPECT_TRUE(::UpdateResourceA(h, RT_DIALOG, MAKEINTRESOURCE(kHostTemplate), lang, a.data(), (DWORD)a.size()));
-        EXPECT_TRUE(::UpdateResourceA(h, RT_DIALOG, MAKEINTRESOURCE(kChainOnly), lang, b.data(), (DWORD)b.size()));
-        EXPECT_TRUE(::EndUpdateResourceA(h, FALSE));
-        m_module = ::LoadLibraryExA(m_copy.path(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
         EXPECT_NE(nullptr, m_module);
-        m_saved = AfxGetResourceHandle();
         AfxSetResourceHandle(m_module);
     }
     ~ChainModule()
     {
         AfxSetResourceHandle(m_saved);
-        ::FreeLibrary(m_module);   // before the copy is deleted
+        ::FreeLibrary(m_module);
     }
 
 private:
-    hytest::TempFile m_copy{ "hyhost_chain.dll" };
-    HMODULE m_module = nullptr;
-    HINSTANCE m_saved = nullptr;
+    HMODULE m_module;
+    HINSTANCE m_saved = AfxGetResourceHandle();
 };
 
 // The new-category dialog as a host would write it.

@@ -28,20 +28,6 @@ std::vector<int> Parse(const char* picture, const char* text, char sep)
 
 }  // namespace
 
-TEST(IntlTime, IsACTimeInLocalTimeAndNowByDefault)
-{
-    const __time64_t before = CTime::GetCurrentTime().GetTime();
-    CIntlTime now;
-    EXPECT_LE(before, now.GetTime());
-    EXPECT_LE(now.GetTime(), CTime::GetCurrentTime().GetTime());
-    EXPECT_EQ(CTime(2024, 3, 5, 14, 7, 9).GetTime(), CIntlTime(2024, 3, 5, 14, 7, 9).GetTime());
-    const CTime t(2001, 5, 1, 8, 30, 0);
-    CIntlTime assigned;
-    assigned = t;
-    EXPECT_EQ(t.GetTime(), CIntlTime(t).GetTime());
-    EXPECT_EQ(t.GetTime(), assigned.GetTime());
-}
-
 TEST(IntlTime, PicturesAndTextAreTheLocales)
 {
     EXPECT_EQ(Locale(LOCALE_SSHORTDATE), std::string(CIntlTime::GetDateFormat(HYINTL_SHORTDATE, 1)));

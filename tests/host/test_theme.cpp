@@ -280,29 +280,7 @@ TEST(ThemeBitmaps, PartialAndTransparentBitmapsDrawOnlyWhatTheyShould)
 }
 
 // ---------------------------------------------------------------------------
-// Owner drawing and the export table
-
-namespace {
-int g_ownerDrawCalls = 0;
-int g_lastElement = 0;
-BOOL CALLBACK DrawsEverything(int element, LPDRAWITEMSTRUCT)
-{
-    ++g_ownerDrawCalls;
-    g_lastElement = element;
-    return TRUE;
-}
-}  // namespace
-
-TEST(ThemeOwnerDraw, DeclinesByDefaultSoTheControlDraws)
-{
-    DRAWITEMSTRUCT dis = {};
-    EXPECT_FALSE(HYThemeOwnerDraw(13, &dis) || HYThemeOwnerDraw(13, nullptr));
-    EXPECT_EQ(HYThemeSetOwnerDrawProc(DrawsEverything), nullptr);
-    EXPECT_TRUE(HYThemeOwnerDraw(13, &dis));
-    EXPECT_TRUE(g_ownerDrawCalls == 1 && g_lastElement == 13);
-    EXPECT_EQ(HYThemeSetOwnerDrawProc(nullptr), DrawsEverything);
-    EXPECT_FALSE(HYThemeOwnerDraw(13, &dis));
-}
+// The export table
 
 TEST(ThemeExports, NumberedOperationsAreReachableByOrdinal)
 {

@@ -116,15 +116,6 @@ TEST(CalendarMonthLengths, BothCalendarsAgreeWithTheModelFromYear1To4000)
     }
 }
 
-TEST(CalMonthLeapYears, DaysInMonthTableHasStride12AndOneSentinel)
-{
-    EXPECT_EQ(-1, CHyCalMonth::s_daysInMonth[0]);
-    for (int m = 1; m <= 12; ++m) {
-        EXPECT_EQ(model::GregorianMonthLength(2001, m), CHyCalMonth::s_daysInMonth[m]) << m;
-        EXPECT_EQ(model::GregorianMonthLength(2004, m), CHyCalMonth::s_daysInMonth[12 + m]) << m;
-    }
-}
-
 TEST(CalMonthDays, DayInYearAndWeekdayOfKnownDays)
 {
     struct Case { int day, month, year, dayInYear, weekday; };

@@ -110,14 +110,6 @@ TEST(OleDateToParts, RejectsOutOfRangeAndNotANumber)
     }
 }
 
-TEST(OleDateToParts, OnlyDatesAfterDayZeroArePositive)
-{
-    for (double d : {38596.75, 1e-9})
-        EXPECT_TRUE(hy::IsPositiveOleDate(d)) << d;
-    for (double d : {0.0, -0.0, -1.5, std::numeric_limits<double>::quiet_NaN()})
-        EXPECT_FALSE(hy::IsPositiveOleDate(d)) << d;
-}
-
 // ---- Calendar fields to OLE date ----
 
 TEST(PartsToOleDate, KnownDates)
