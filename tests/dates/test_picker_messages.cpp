@@ -50,8 +50,6 @@ TEST_F(PickerTest, ClicksReportDisplayAndHighlightAsTheTableSays)
          {Sel(2005, 12, 1), Sel(2005, 12, 1), Sel(2005, 12, 1), Sel(2005, 12, 1)}, {}, 11, 2005, 2005, 12, 1, 0},
         {"a double-click on the header does not confirm", 11, 2005, true, ClickRow::kDoubleClick,
          part(1, &HyCalParts::prevArrow), {}, {}, 11, 2005, 2005, 11, 15, 0},
-        {"the next arrow: nothing at the button-down", 11, 2005, true, ClickRow::kDown, part(2, &HyCalParts::nextArrow),
-         {}, {}, 11, 2005, 2005, 11, 15, 0},
         {"the next arrow steps at the button-up, the highlight keeps its calendar", 11, 2005, true, ClickRow::kClick,
          part(2, &HyCalParts::nextArrow), {MonthsChanged(), Sel(2005, 12, 15)}, {}, 12, 2005, 2005, 12, 15, 0},
         {"the previous arrow; November still shown keeps the highlight", 11, 2005, true, ClickRow::kClick,
@@ -279,7 +277,6 @@ TEST_F(PickerTest, KeysMoveAndReportOrBeepAsTheTableSays)
         {"PageDown", VK_NEXT, 0, 11, 2005, 2005, 11, 15, 2, 2006, 2006, 2, 15, true, 0},
         {"PageUp", VK_PRIOR, 0, 11, 2005, 2005, 11, 15, 8, 2005, 2005, 8, 15, true, 0},
         {"Ctrl+PageDown", VK_NEXT, ctrl, 11, 2005, 2005, 11, 15, 11, 2006, 2006, 11, 15, true, 0},
-        {"Ctrl+PageUp", VK_PRIOR, ctrl, 11, 2005, 2005, 11, 15, 11, 2004, 2004, 11, 15, true, 0},
         {"Home", VK_HOME, 0, 11, 2005, 2005, 11, 15, 1, 2005, 2005, 1, 15, true, 0},
         // End: the last calendar shows December of its year (2006).
         {"End", VK_END, 0, 11, 2005, 2005, 11, 15, 10, 2006, 2006, 10, 15, true, 0},
@@ -288,9 +285,7 @@ TEST_F(PickerTest, KeysMoveAndReportOrBeepAsTheTableSays)
         {"PageUp before the first year", VK_PRIOR, 0, 2, 1970, 1970, 2, 15, 2, 1970, 1970, 2, 15, false, 1},
         {"PageDown after the last year", VK_NEXT, 0, 11, 2031, 2031, 11, 15, 11, 2031, 2031, 11, 15, false, 1},
         {"Home on January", VK_HOME, 0, 1, 2005, 2005, 1, 15, 1, 2005, 2005, 1, 15, false, 1},
-        {"End on December", VK_END, 0, 10, 2005, 2005, 10, 15, 10, 2005, 2005, 10, 15, false, 1},
         {"Left before the first year", VK_LEFT, 0, 1, 1970, 1970, 1, 1, 1, 1970, 1970, 1, 1, false, 1},
-        {"Down after the last year", VK_DOWN, 0, 11, 2031, 2031, 12, 28, 11, 2031, 2031, 12, 28, false, 1},
     };
     for (const KeyRow& k : rows) {
         SCOPED_TRACE(k.what);

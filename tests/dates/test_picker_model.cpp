@@ -160,9 +160,8 @@ TEST_F(PickerTest, TypedMonthSearchStartsAfterTheCurrentMonth)
     EXPECT_EQ(picker.monthNames[5], COleDateTime(2000, 6, 1, 0, 0, 0).Format(_T("%B")));
     if (picker.monthNames[0] != _T("January"))
         GTEST_SKIP() << "the user locale's month names are not English";
-    EXPECT_EQ(std::vector<int>({6, 7, 1, -1}), std::vector<int>({picker.FindMonth('j', 1), picker.FindMonth('j', 6),
-                                                   picker.FindMonth('j', 7), picker.FindMonth('q', 7)}));
-    // Typing a letter shows the next month of the first calendar's year named by it.
+    // Typing a letter shows the next month of the first calendar's year named
+    // by it (the search itself is counted natively).
     hytest::Char(picker, 'm');
     ExpectDisplay(3, 2005);
     EXPECT_TRUE(notify.Matches({MonthsChanged(), Sel(2005, 3, 15)}));

@@ -418,51 +418,32 @@ TEST_F(DatePickerPaintInvalidation, APaintOfOneCellMatchesTheFullPaintAndTouches
 
 using DatePickerPaintResources = DatePickerPaint;
 
-TEST_F(DatePickerPaintResources, ObjectCountsStaySteadyOverAThousandRepaintsAndAHundredPickers)
+// Every look a picker can paint (whole weeks, the four event kinds, the start
+// date, today, hot header parts, the focus), a hundred pickers over.
+TEST_F(DatePickerPaintResources, ObjectCountsStaySteadyOverAHundredPickersPaintingEveryLook)
 {
-    Create(4, 3);
-    picker.ModifyStyle(0, HYDPS_WHOLE_WEEK);
-    for (int kind = 0; kind < 4; ++kind)
-        picker.AddEvent(2005, 11, 20 + kind, 0, kind);
-    picker.SetStartDate(11, 3, 2005, 0);
-    CHyDate today;
-    CHyDatePicker::GetToday(&today);
-    picker.AddEvent(today.year, today.month, today.day, 0, 1);
-    Renderer r(picker.m_hWnd);
-    hytest::ObjectGuard guard([&] {
-        r.Render(picker.m_hWnd);
-        picker.RedrawAll();
-    });
-    for (int i = 0; i < 1000; ++i) {
-        picker.rolloverCal = i % 12;
-        picker.rolloverPart = 1 + i % 4;
-        if (i % 10 == 0)
-            picker.RedrawAll();  // the real paint path: BeginPaint, update region
-        else
-            r.Render(picker.m_hWnd);
-    }
-    picker.rolloverCal = -1;
-    picker.rolloverPart = 0;
-    AfxDeleteTempMaps();
-    guard.Check("1,000 repaints");
-
-    auto cycle = [&] {
+    auto cycle = [&](int i) {
         CHyDatePicker p;
         ASSERT_TRUE(p.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 630, 200), CWnd::FromHandle(parent), 1003, 3, 1));
-        p.AddEvent(2005, 11, 2, 0, 3);
+        p.ModifyStyle(0, i % 2 ? HYDPS_WHOLE_WEEK : 0);
+        for (int kind = 0; kind < 4; ++kind)
+            p.AddEvent(2005, 11, 20 + kind, 0, kind);
+        CHyDate today;
+        CHyDatePicker::GetToday(&today);
+        p.AddEvent(today.year, today.month, today.day, 0, 1);
+        p.SetStartDate(11, 3, 2005, 0);
         p.SetSelection(2005, 11, 15, 0);
         p.SetFocus();
-        p.UpdateWindow();
+        p.rolloverCal = i % 3;
+        p.rolloverPart = 1 + i % 4;
+        p.UpdateWindow();   // the real paint path: BeginPaint, update region
         Renderer rendered(p.m_hWnd);
         p.DestroyWindow();
         hytest::PumpMessages();
-    };
-    hytest::ObjectGuard pickers([&] {
-        cycle();
         AfxDeleteTempMaps();
-    });
+    };
+    hytest::ObjectGuard guard([&] { cycle(0); cycle(1); });
     for (int i = 0; i < 100; ++i)
-        cycle();
-    AfxDeleteTempMaps();
-    pickers.Check("100 pickers");
+        cycle(i);
+    guard.Check("100 pickers");
 }

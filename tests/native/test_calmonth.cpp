@@ -82,26 +82,7 @@ std::array<ExpectedCell, 42> ModelGrid(int year, int month, int weekdayOfFirst, 
 
 } // namespace
 
-// ---- Leap years and day counting ----
-
-// Spot values of the day numbering's parts; the whole numbering is checked
-// month by month in CalMonthGrid.EveryMonthMatchesIndependentCalendar.
-TEST(CalMonthLeapYears, CenturyCorrectionsCountFrom1700And1600)
-{
-    struct Case { int year, leap, centuries, quadCenturies, leapDays; };
-    const Case cases[] = {
-        {-4, 1, 0, 0, -1}, {-3, 0, 0, 0, 0}, {4, 1, 0, 0, 1}, {100, 1, 0, 0, 25},
-        {1600, 1, 0, 0, 400}, {1700, 1, 0, 0, 425}, {1752, 1, 0, 0, 438}, {1753, 0, 0, 0, 438},
-        {1799, 0, 0, 0, 449}, {1800, 0, 1, 0, 449}, {1900, 0, 2, 0, 473}, {1999, 0, 2, 0, 497},
-        {2000, 1, 3, 1, 498}, {2026, 0, 3, 1, 504}, {2100, 0, 4, 1, 522}, {2400, 1, 7, 2, 595},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(c.leap, CHyCalMonth::IsLeapYear(c.year)) << c.year;
-        EXPECT_EQ(c.centuries, CHyCalMonth::CenturiesSince1700(c.year)) << c.year;
-        EXPECT_EQ(c.quadCenturies, CHyCalMonth::QuadCenturiesSince1700(c.year)) << c.year;
-        EXPECT_EQ(c.leapDays, CHyCalMonth::LeapYearsSinceYear1(c.year)) << c.year;
-    }
-}
+// ---- Month lengths and day counting ----
 
 TEST(CalendarMonthLengths, BothCalendarsAgreeWithTheModelFromYear1To4000)
 {

@@ -54,19 +54,6 @@ LPARAM KeyLParam(UINT vk, bool up, bool wasDown, bool alt)
     return l;
 }
 
-struct ButtonInfo
-{
-    UINT vk, down, up, dblclk;
-    WPARAM mk;
-};
-
-ButtonInfo Info(Button b)
-{
-    if (b == Button::Right)
-        return {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK, MK_RBUTTON};
-    return {VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, MK_LBUTTON};
-}
-
 }  // namespace
 
 Modifiers::Modifiers(unsigned mods)
@@ -102,35 +89,31 @@ WPARAM MouseKeyFlags()
 
 void MouseMove(HWND hwnd, int x, int y) { PostAndPump(hwnd, WM_MOUSEMOVE, MouseKeyFlags(), Point(x, y)); }
 
-void MouseDown(HWND hwnd, int x, int y, Button button)
+void MouseDown(HWND hwnd, int x, int y)
 {
-    const ButtonInfo b = Info(button);
-    SetKey(b.vk, true);
-    PostAndPump(hwnd, b.down, MouseKeyFlags(), Point(x, y));
+    SetKey(VK_LBUTTON, true);
+    PostAndPump(hwnd, WM_LBUTTONDOWN, MouseKeyFlags(), Point(x, y));
 }
 
-void MouseUp(HWND hwnd, int x, int y, Button button)
+void MouseUp(HWND hwnd, int x, int y)
 {
-    const ButtonInfo b = Info(button);
-    SetKey(b.vk, false);
-    PostAndPump(hwnd, b.up, MouseKeyFlags(), Point(x, y));
+    SetKey(VK_LBUTTON, false);
+    PostAndPump(hwnd, WM_LBUTTONUP, MouseKeyFlags(), Point(x, y));
 }
 
-void Click(HWND hwnd, int x, int y, Button button)
+void Click(HWND hwnd, int x, int y)
 {
-    MouseDown(hwnd, x, y, button);
-    MouseUp(hwnd, x, y, button);
+    MouseDown(hwnd, x, y);
+    MouseUp(hwnd, x, y);
 }
 
-void DoubleClick(HWND hwnd, int x, int y, Button button)
+void DoubleClick(HWND hwnd, int x, int y)
 {
-    const ButtonInfo b = Info(button);
     const bool dblclks = (GetClassLongPtrA(hwnd, GCL_STYLE) & CS_DBLCLKS) != 0;
-    MouseDown(hwnd, x, y, button);
-    MouseUp(hwnd, x, y, button);
-    SetKey(b.vk, true);
-    PostAndPump(hwnd, dblclks ? b.dblclk : b.down, MouseKeyFlags(), Point(x, y));
-    MouseUp(hwnd, x, y, button);
+    Click(hwnd, x, y);
+    SetKey(VK_LBUTTON, true);
+    PostAndPump(hwnd, dblclks ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, MouseKeyFlags(), Point(x, y));
+    MouseUp(hwnd, x, y);
 }
 
 void MouseWheel(HWND hwnd, int x, int y, int delta)

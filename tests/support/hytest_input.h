@@ -35,19 +35,17 @@ private:
     BYTE m_saved[256];
 };
 
-enum class Button { Left, Right };
-
 // MK_* flags matching the current key state (buttons, Shift, Ctrl).
 WPARAM MouseKeyFlags();
 
 void MouseMove(HWND hwnd, int x, int y);
-void MouseDown(HWND hwnd, int x, int y, Button button = Button::Left);
-void MouseUp(HWND hwnd, int x, int y, Button button = Button::Left);
+void MouseDown(HWND hwnd, int x, int y);   // the left button
+void MouseUp(HWND hwnd, int x, int y);   // the left button
 // Down then up at the same point.
-void Click(HWND hwnd, int x, int y, Button button = Button::Left);
+void Click(HWND hwnd, int x, int y);   // the left button
 // DOWN, UP, DBLCLK, UP as the system delivers it to a CS_DBLCLKS class;
 // DOWN, UP, DOWN, UP to a class without it.
-void DoubleClick(HWND hwnd, int x, int y, Button button = Button::Left);
+void DoubleClick(HWND hwnd, int x, int y);   // the left button
 // WM_MOUSEWHEEL (delta in WHEEL_DELTA units of 120; x, y in client coordinates,
 // converted to screen coordinates as the message carries them).
 void MouseWheel(HWND hwnd, int x, int y, int delta);

@@ -154,11 +154,7 @@ MessageBoxRecorder::~MessageBoxRecorder() { g_boxes = m_previous; }
 int MessageBoxRecorder::Record(MessageBoxCall call)
 {
     m_calls.push_back(std::move(call));
-    if (m_answers.empty())
-        return IDOK;
-    const int id = m_answers.front();
-    m_answers.pop_front();
-    return id;
+    return IDOK;   // a person who reads the box and confirms it
 }
 
 PopupMenuRecorder::PopupMenuRecorder()
@@ -195,21 +191,6 @@ BOOL PopupMenuRecorder::Track(HMENU menu, UINT flags, int x, int y, HWND owner)
     if (id != 0 && owner)
         PostMessageA(owner, WM_COMMAND, MAKEWPARAM(id, 0), 0);
     return TRUE;
-}
-
-const MenuItem* PopupMenuCall::Item(UINT id) const
-{
-    std::vector<const std::vector<MenuItem>*> todo = {&items};
-    while (!todo.empty()) {
-        const std::vector<MenuItem>* list = todo.back();
-        todo.pop_back();
-        for (const MenuItem& item : *list) {
-            if (!item.separator() && item.submenu.empty() && item.id == id)
-                return &item;
-            todo.push_back(&item.submenu);
-        }
-    }
-    return nullptr;
 }
 
 std::vector<MenuItem> ReadMenu(HMENU menu)

@@ -72,7 +72,6 @@ public:
     MessageBoxRecorder(const MessageBoxRecorder&) = delete;
     MessageBoxRecorder& operator=(const MessageBoxRecorder&) = delete;
 
-    void Answer(int id) { m_answers.push_back(id); }
     int Count() const { return static_cast<int>(m_calls.size()); }
     const std::vector<MessageBoxCall>& Calls() const { return m_calls; }
     void Clear() { m_calls.clear(); }
@@ -81,7 +80,6 @@ private:
     friend struct InterceptAccess;
     int Record(MessageBoxCall call);
     std::vector<MessageBoxCall> m_calls;
-    std::deque<int> m_answers;
     MessageBoxRecorder* m_previous;
     ImportPatch m_a, m_w;
 };
@@ -92,9 +90,7 @@ struct MenuItem
     std::string text;
     UINT type = 0;   // MFT_* (MFT_SEPARATOR, MFT_RADIOCHECK, ...)
     UINT state = 0;  // MFS_* (MFS_CHECKED, MFS_GRAYED, MFS_DEFAULT, ...)
-    bool separator() const { return (type & MFT_SEPARATOR) != 0; }
     bool checked() const { return (state & MFS_CHECKED) != 0; }
-    bool grayed() const { return (state & MFS_GRAYED) != 0; }
     std::vector<MenuItem> submenu;
 };
 
@@ -106,7 +102,6 @@ struct PopupMenuCall
     HWND owner;
     std::vector<MenuItem> items;  // as they were when the menu would have shown
     // The item with this command id, searched through submenus too.
-    const MenuItem* Item(UINT id) const;
 };
 
 // TrackPopupMenu/TrackPopupMenuEx: the owner gets WM_ENTERMENULOOP and

@@ -72,10 +72,7 @@ std::string Describe(UINT msg, WPARAM w, LPARAM l, bool haveKind, bool sent, uns
 std::string DescribeExpect(const Expect& e)
 {
     const bool kind = (e.flags & (kSent | kPosted)) != 0 && (e.flags & (kSent | kPosted)) != (kSent | kPosted);
-    std::string s = Describe(e.msg, e.wParam, e.lParam, kind, (e.flags & kSent) != 0, e.flags);
-    if (e.flags & kOptional)
-        s += " (optional)";
-    return s;
+    return Describe(e.msg, e.wParam, e.lParam, kind, (e.flags & kSent) != 0, e.flags);
 }
 
 bool Same(const Msg& a, const Expect& e)
@@ -127,8 +124,6 @@ std::string MessageName(UINT msg)
         if (a < actual.size() && Same(actual[a], expected[e])) {
             ++a;
             ++e;
-        } else if (expected[e].flags & kOptional) {
-            ++e;
         } else {
             why = a < actual.size() ? "mismatch" : "missing message";
             break;
@@ -152,34 +147,15 @@ std::string MessageName(UINT msg)
 
 // ---- Recorder ----
 
-void Recorder::RecordAll()
-{
-    m_filtered = false;
-    m_userRange = false;
-    m_only.clear();
-}
-
-void Recorder::RecordUserRange(std::initializer_list<UINT> also)
-{
-    m_filtered = true;
-    m_userRange = true;
-    m_only.assign(also.begin(), also.end());
-}
-
 void Recorder::RecordOnly(std::initializer_list<UINT> msgs)
 {
     m_filtered = true;
-    m_userRange = false;
     m_only.assign(msgs.begin(), msgs.end());
 }
 
 bool Recorder::Wanted(UINT msg) const
 {
-    if (!m_filtered)
-        return true;
-    if (m_userRange && msg >= WM_USER)
-        return true;
-    return std::find(m_only.begin(), m_only.end(), msg) != m_only.end();
+    return !m_filtered || std::find(m_only.begin(), m_only.end(), msg) != m_only.end();
 }
 
 size_t Recorder::Count(UINT msg) const

@@ -38,7 +38,6 @@ enum : unsigned
     kAnyWParam = 0x04,  // wParam not compared
     kAnyLParam = 0x08,  // lParam not compared
     kAnyParams = kAnyWParam | kAnyLParam,
-    kOptional = 0x10,   // may be absent
 };
 
 struct Expect
@@ -64,9 +63,7 @@ class Recorder
 public:
     using Handler = std::function<LRESULT(HWND, WPARAM, LPARAM)>;
 
-    void RecordAll();                                 // default
-    void RecordUserRange(std::initializer_list<UINT> also = {});  // msg >= WM_USER plus `also`
-    void RecordOnly(std::initializer_list<UINT> msgs);
+    void RecordOnly(std::initializer_list<UINT> msgs);   // everything until called
 
     void Clear() { m_log.clear(); }
     const std::vector<Msg>& Messages() const { return m_log; }
@@ -97,7 +94,6 @@ private:
     std::vector<Msg> m_log;
     std::map<UINT, Handler> m_handlers;
     std::vector<UINT> m_only;
-    bool m_userRange = false;
     bool m_filtered = false;
 };
 
