@@ -123,16 +123,6 @@ TEST(ValuesString, EditsReportCountsAndLengths)
     EXPECT_EQ("adefg", S(i));
     EXPECT_EQ((Ints{3, 3}), (Ints{i.Delete(3, 50), i.Delete(7)}));
     EXPECT_EQ("ade", S(i));
-
-    CString m("Mixed Case 123");
-    Strings cases;
-    m.MakeUpper();
-    cases.push_back(S(m));
-    m.MakeLower();
-    cases.push_back(S(m));
-    m.MakeReverse();
-    cases.push_back(S(m));
-    EXPECT_EQ((Strings{"MIXED CASE 123", "mixed case 123", "321 esac dexim"}), cases);
 }
 
 TEST(ValuesString, FormatsLikePrintfAndFillsNumberedInserts)
