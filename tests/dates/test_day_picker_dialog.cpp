@@ -165,14 +165,16 @@ TEST_F(DayPickerDialogTest, MinusOneOpensOnTodayAndZeroOnTheOleEpoch)
 TEST_F(DayPickerDialogTest, ConfirmedDayReturnsAtMidnightAndCancelLeavesTheArgument)
 {
     double date = OleDate(2005, 11, 15) + 0.75;
-    hytest::DialogDriver driver([](HWND h) {
-        CHyDatePicker* picker = PickerOf(h);
-        EXPECT_EQ(picker->GetMinYear(), 1970);
-        const CPoint at = DayPoint(picker, 20);
-        hytest::DoubleClick(picker->m_hWnd, at.x, at.y);
-    });
-    EXPECT_EQ(1, HyDisplayHyDayPickerDlg(date));
-    EXPECT_EQ(OleDate(2005, 11, 20), date);
+    {
+        hytest::DialogDriver confirm([](HWND h) {
+            CHyDatePicker* picker = PickerOf(h);
+            EXPECT_EQ(picker->GetMinYear(), 1970);
+            const CPoint at = DayPoint(picker, 20);
+            hytest::DoubleClick(picker->m_hWnd, at.x, at.y);
+        });
+        EXPECT_EQ(1, HyDisplayHyDayPickerDlg(date));
+        EXPECT_EQ(OleDate(2005, 11, 20), date);
+    }
     hytest::DialogDriver cancel([](HWND h) { ::PostMessage(h, WM_COMMAND, IDCANCEL, 0); });
     date = 38671.123456789012;
     EXPECT_EQ(0, HyDisplayHyDayPickerDlg(date));
