@@ -32,26 +32,33 @@ bool IsExtended(UINT vk)
 {
     switch (vk) {
     case VK_INSERT: case VK_DELETE: case VK_HOME: case VK_END: case VK_PRIOR: case VK_NEXT:
-    case VK_LEFT: case VK_RIGHT: case VK_UP: case VK_DOWN: case VK_DIVIDE: case VK_NUMLOCK:
-    case VK_RCONTROL: case VK_RMENU: case VK_LWIN: case VK_RWIN: case VK_APPS:
+    case VK_LEFT: case VK_RIGHT: case VK_UP: case VK_DOWN:
         return true;
     default:
         return false;
     }
 }
 
-LPARAM KeyLParam(UINT vk, bool up, bool wasDown, bool alt)
+LPARAM KeyLParam(UINT vk, bool up, bool wasDown)
 {
     LPARAM l = 1 | (static_cast<LPARAM>(MapVirtualKeyA(vk, MAPVK_VK_TO_VSC) & 0xFF) << 16);
     if (IsExtended(vk))
         l |= LPARAM(1) << 24;
-    if (alt)
-        l |= LPARAM(1) << 29;
     if (wasDown || up)
         l |= LPARAM(1) << 30;
     if (up)
         l |= LPARAM(1) << 31;
     return l;
+}
+
+// MK_* flags matching the current key state.
+WPARAM MouseKeyFlags()
+{
+    WPARAM mk = 0;
+    if (IsDown(VK_LBUTTON)) mk |= MK_LBUTTON;
+    if (IsDown(VK_SHIFT)) mk |= MK_SHIFT;
+    if (IsDown(VK_CONTROL)) mk |= MK_CONTROL;
+    return mk;
 }
 
 }  // namespace
@@ -69,23 +76,10 @@ Modifiers::Modifiers(unsigned mods)
         press(VK_SHIFT, VK_LSHIFT);
     if (mods & kCtrl)
         press(VK_CONTROL, VK_LCONTROL);
-    if (mods & kAlt)
-        press(VK_MENU, VK_LMENU);
     SetKeyboardState(state);
 }
 
 Modifiers::~Modifiers() { SetKeyboardState(m_saved); }
-
-WPARAM MouseKeyFlags()
-{
-    WPARAM mk = 0;
-    if (IsDown(VK_LBUTTON)) mk |= MK_LBUTTON;
-    if (IsDown(VK_RBUTTON)) mk |= MK_RBUTTON;
-    if (IsDown(VK_MBUTTON)) mk |= MK_MBUTTON;
-    if (IsDown(VK_SHIFT)) mk |= MK_SHIFT;
-    if (IsDown(VK_CONTROL)) mk |= MK_CONTROL;
-    return mk;
-}
 
 void MouseMove(HWND hwnd, int x, int y) { PostAndPump(hwnd, WM_MOUSEMOVE, MouseKeyFlags(), Point(x, y)); }
 
@@ -128,17 +122,13 @@ void KeyDown(HWND hwnd, UINT vk)
 {
     const bool wasDown = IsDown(vk);
     SetKey(vk, true);
-    const bool alt = IsDown(VK_MENU);
-    const UINT msg = (alt || vk == VK_F10) ? WM_SYSKEYDOWN : WM_KEYDOWN;
-    PostAndPump(hwnd, msg, vk, KeyLParam(vk, false, wasDown, alt));
+    PostAndPump(hwnd, WM_KEYDOWN, vk, KeyLParam(vk, false, wasDown));
 }
 
 void KeyUp(HWND hwnd, UINT vk)
 {
     SetKey(vk, false);
-    const bool alt = IsDown(VK_MENU);
-    const UINT msg = (alt || vk == VK_F10) ? WM_SYSKEYUP : WM_KEYUP;
-    PostAndPump(hwnd, msg, vk, KeyLParam(vk, true, true, alt));
+    PostAndPump(hwnd, WM_KEYUP, vk, KeyLParam(vk, true, true));
 }
 
 void KeyPress(HWND hwnd, UINT vk)
@@ -155,10 +145,6 @@ void Char(HWND hwnd, char ch)
 void Type(HWND hwnd, const char* text)
 {
     for (const char* p = text; *p; ++p) {
-        if (*p == '\n' || *p == '\r') {
-            KeyPress(hwnd, VK_RETURN);
-            continue;
-        }
         const SHORT scan = VkKeyScanA(*p);
         const UINT vk = LOBYTE(scan);
         const unsigned shifts = HIBYTE(scan);

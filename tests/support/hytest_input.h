@@ -18,10 +18,9 @@ enum : unsigned
 {
     kShift = 0x1,
     kCtrl = 0x2,
-    kAlt = 0x4,
 };
 
-// Holds Shift/Ctrl/Alt down (as GetKeyState sees them) for its lifetime and
+// Holds Shift/Ctrl down (as GetKeyState sees them) for its lifetime and
 // restores the whole keyboard state afterwards.
 class Modifiers
 {
@@ -35,9 +34,6 @@ private:
     BYTE m_saved[256];
 };
 
-// MK_* flags matching the current key state (buttons, Shift, Ctrl).
-WPARAM MouseKeyFlags();
-
 void MouseMove(HWND hwnd, int x, int y);
 void MouseDown(HWND hwnd, int x, int y);   // the left button
 void MouseUp(HWND hwnd, int x, int y);   // the left button
@@ -50,7 +46,7 @@ void DoubleClick(HWND hwnd, int x, int y);   // the left button
 // converted to screen coordinates as the message carries them).
 void MouseWheel(HWND hwnd, int x, int y, int delta);
 
-// WM_KEYDOWN (WM_SYSKEYDOWN while Alt is held or for F10) with repeat count,
+// WM_KEYDOWN with repeat count,
 // scan code, extended-key and context bits; the pump translates it, so a
 // character key also delivers its WM_CHAR.
 void KeyDown(HWND hwnd, UINT vk);
@@ -59,7 +55,7 @@ void KeyPress(HWND hwnd, UINT vk);  // down then up
 // A WM_CHAR alone (for characters no key produces).
 void Char(HWND hwnd, char ch);
 // Types text key by key (down, char, up), holding Shift where the character
-// needs it; '\n' is Enter.
+// needs it.
 void Type(HWND hwnd, const char* text);
 
 }  // namespace hytest

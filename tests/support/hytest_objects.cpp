@@ -138,12 +138,6 @@ void ObjectGuard::Rebase()
     m_checked = false;
 }
 
-ObjectCounts ObjectGuard::Growth() const
-{
-    const ObjectCounts now = CurrentObjectCounts();
-    return {now.gdi - m_baseline.gdi, now.user - m_baseline.user};
-}
-
 bool ObjectGuard::Check(const char* what)
 {
     m_checked = true;

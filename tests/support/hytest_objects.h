@@ -37,8 +37,6 @@ public:
     ObjectGuard& operator=(const ObjectGuard&) = delete;
 
     void Rebase();                  // new baseline: now
-    ObjectCounts Baseline() const { return m_baseline; }
-    ObjectCounts Growth() const;    // now minus baseline, may be negative
     bool Check(const char* what = "");  // ADD_FAILURE on growth; false then
     void Dismiss() { m_checked = true; }  // no check at destruction
 
