@@ -99,11 +99,13 @@ TEST_F(DayPickerDialogTest, PickerTakesThePlaceholdersPlaceAndTabOrderAndOpensOn
     EXPECT_EQ(std::vector<int>({ 1, 1, 2005, 11, 15 }), std::vector<int>({ cols, rows, y, m, d }));
 }
 
-// What the user does in a dialog opened on 15 November 2005, and the result
-// and day it ends with.
+// What the user does in a dialog opened on a day (15 November 2005 unless
+// said: -1 is today, 0 the OLE epoch), and the result and day it ends with.
 TEST_F(DayPickerDialogTest, ADoubleClickConfirmsTodaySelectsTodayAndCancelKeepsTheFirstDay)
 {
     const CTime now = CTime::GetCurrentTime();
+    const std::vector<int> today = {now.GetYear(), now.GetMonth(), now.GetDay()};
+    auto ok = [](HWND h) { ::PostMessage(h, WM_COMMAND, IDOK, 0); };
     auto clickDay = [](HWND h, int day, bool twice) {
         CHyDatePicker* picker = PickerOf(h);
         const CPoint at = DayPoint(picker, day);
@@ -115,12 +117,13 @@ TEST_F(DayPickerDialogTest, ADoubleClickConfirmsTodaySelectsTodayAndCancelKeepsT
     const struct
     {
         const char* what;
+        double start;
         std::function<void(HWND)> act;
         INT_PTR result;
         std::vector<int> ymd;
     } rows[] = {
-        {"double-click the 24th", [&](HWND h) { clickDay(h, 24, true); }, IDOK, {2005, 11, 24}},
-        {"Today, which keeps the dialog open, then OK",
+        {"double-click the 24th", OleDate(2005, 11, 15), [&](HWND h) { clickDay(h, 24, true); }, IDOK, {2005, 11, 24}},
+        {"Today, which keeps the dialog open, then OK", OleDate(2005, 11, 15),
          [&](HWND h) {
              ::SendMessage(::GetDlgItem(h, IDC_DAY_PICKER_TODAY), BM_CLICK, 0, 0);
              hytest::PumpMessages();
@@ -130,31 +133,21 @@ TEST_F(DayPickerDialogTest, ADoubleClickConfirmsTodaySelectsTodayAndCancelKeepsT
              EXPECT_EQ(std::pair(now.GetMonth(), now.GetYear()), std::pair(month, year));
              ::PostMessage(h, WM_COMMAND, IDOK, 0);
          },
-         IDOK, {now.GetYear(), now.GetMonth(), now.GetDay()}},
-        {"click the 3rd, then Cancel",
+         IDOK, today},
+        {"click the 3rd, then Cancel", OleDate(2005, 11, 15),
          [&](HWND h) {
              clickDay(h, 3, false);
              ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
          },
          IDCANCEL, {2005, 11, 15}},
+        {"opened on -1, OK", -1.0, ok, IDOK, today},
+        {"opened on 0, OK", 0.0, ok, IDOK, {1899, 12, 30}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
-        CHyDayPickerDlg dialog(OleDate(2005, 11, 15));
+        CHyDayPickerDlg dialog(row.start);
         EXPECT_EQ(row.result, RunDialog(dialog, row.act));
         EXPECT_EQ(row.ymd, Ymd(dialog));
-    }
-}
-
-TEST_F(DayPickerDialogTest, MinusOneOpensOnTodayAndZeroOnTheOleEpoch)
-{
-    const COleDateTime now = COleDateTime::GetCurrentTime();
-    for (auto [start, want] : { std::pair(-1.0, std::vector<int>{ now.GetYear(), now.GetMonth(), now.GetDay() }),
-                                std::pair(0.0, std::vector<int>{ 1899, 12, 30 }) })
-    {
-        CHyDayPickerDlg dialog(start);
-        RunDialog(dialog, [](HWND h) { ::PostMessage(h, WM_COMMAND, IDOK, 0); });
-        EXPECT_EQ(Ymd(dialog), want) << start;
     }
 }
 

@@ -30,7 +30,11 @@ TEST_F(PickerTest, CreationGivesANamedTabStopWindowShapedLikeItsCalendars)
     ExpectDisplay(now.GetMonth(), now.GetYear());
 }
 
-TEST_F(PickerTest, ThreeCalendarsFromNovemberRunIntoTheNextYear)
+// Three calendars from November 2005 run into 2006. A highlight in a month
+// not shown makes it first and tells once; months no calendar can show are
+// ignored; a new display month keeps the highlight's calendar and day number
+// (the 1st where the month lacks it).
+TEST_F(PickerTest, DisplayAndHighlightMoveTogetherWithinWhatCalendarsCanShow)
 {
     Create(3, 1, 11, 2005);
     EXPECT_EQ(std::vector<int>({0, 1, 2, -1}), std::vector<int>({picker.DateToCalIndex(11, 2005), picker.DateToCalIndex(12, 2005),
@@ -39,24 +43,7 @@ TEST_F(PickerTest, ThreeCalendarsFromNovemberRunIntoTheNextYear)
     picker.GetDateRange(&first, &last);
     EXPECT_TRUE(first == CHyDate(2005, 10, 30, 0));   // the Sunday before 1 November
     EXPECT_TRUE(last == CHyDate(2006, 2, 11, 0));     // the last cell of January's grid
-}
 
-TEST_F(PickerTest, HighlightInAMonthNotShownMakesItFirstAndTellsOnce)
-{
-    Create();
-    picker.SetHighlightDate(4, 10, 2007, 1);
-    ExpectDisplay(4, 2007);
-    EXPECT_TRUE(notify.Matches({MonthsChanged()}));
-    picker.SetHighlightDate(5, 31, 2007, 1);   // shown: no message
-    EXPECT_TRUE(notify.Matches({MonthsChanged()}));
-    picker.SetHighlightDate(6, 31, 2007, 0);   // no 31 June: the 1st
-    ExpectHighlight(2007, 6, 1);
-    EXPECT_TRUE(picker.GetFlags() & HYDP_HIGHLIGHT);
-}
-
-TEST_F(PickerTest, MonthsNoCalendarCanShowAreIgnored)
-{
-    Create();
     picker.SetHighlightDate(13, 1, 2005, 1);
     picker.SetHighlightDate(1, 1, 0, 1);
     picker.SetDisplayMonth(0, 2005, 1);
@@ -65,63 +52,58 @@ TEST_F(PickerTest, MonthsNoCalendarCanShowAreIgnored)
     ExpectDisplay(11, 2005);
     ExpectHighlight(2005, 11, 15);
     EXPECT_TRUE(notify.Matches({}));
+
+    picker.SetHighlightDate(4, 10, 2007, 1);
+    ExpectDisplay(4, 2007);
+    picker.SetHighlightDate(5, 31, 2007, 1);   // shown: no message
+    EXPECT_TRUE(notify.Matches({MonthsChanged()}));
+    picker.SetHighlightDate(6, 31, 2007, 0);   // no 31 June: the 1st
+    ExpectHighlight(2007, 6, 1);
+    EXPECT_TRUE(picker.GetFlags() & HYDP_HIGHLIGHT);
+
+    picker.SetHighlightDate(5, 31, 2007, 0);   // second calendar
+    Clear();
+    picker.SetDisplayMonth(2, 2008, 1);
+    ExpectHighlight(2008, 3, 31);   // still the second calendar, same day number
+    picker.SetDisplayMonth(2, 2008, 1);   // unchanged: no message
+    EXPECT_TRUE(notify.Matches({MonthsChanged()}));
+    picker.SetDisplayMonth(9, 2008, 0);   // the second calendar is now October
+    ExpectHighlight(2008, 10, 31);
+    // A highlight that was not shown before moves into the first calendar.
+    picker.SetCalDates(1, 2010);
+    picker.SetDisplayMonth(2, 2007, 0);
+    ExpectHighlight(2007, 2, 1);
     picker.SetDisplayMonth(10, 9999, 0);   // October to December 9999 fit
     ExpectDisplay(10, 9999);
 }
 
-TEST_F(PickerTest, DisplayMonthKeepsTheHighlightAtItsPosition)
-{
-    Create();
-    picker.SetHighlightDate(12, 31, 2005, 0);   // second calendar
-    Clear();
-    picker.SetDisplayMonth(2, 2006, 1);
-    ExpectDisplay(2, 2006);
-    ExpectHighlight(2006, 3, 31);   // still the second calendar, same day number
-    EXPECT_TRUE(notify.Matches({MonthsChanged()}));
-    picker.SetDisplayMonth(2, 2006, 1);   // unchanged: no message
-    EXPECT_TRUE(notify.Matches({MonthsChanged()}));
-    picker.SetDisplayMonth(9, 2006, 0);   // the second calendar is now October
-    ExpectHighlight(2006, 10, 31);
-    // A highlight that was not shown before moves into the first calendar;
-    // February has no 31st, so it lands on the 1st.
-    picker.SetCalDates(1, 2010);
-    picker.SetDisplayMonth(2, 2007, 0);
-    ExpectHighlight(2007, 2, 1);
-}
-
 // ---- events ----------------------------------------------------------------------
 
-TEST_F(PickerTest, PlainEventGivesWayToAKindButNeverTheOtherWayRound)
+// A kind mark stays; a second plain mark is refused; a plain mark is replaced
+// by a kind. The list forms add plain marks whatever their elements say.
+TEST_F(PickerTest, PlainEventGivesWayToAKindAndListFormsAddPlainMarks)
 {
     Create();
-    // A kind-2 mark stays; a second plain mark is refused; a plain mark is replaced by a kind.
     std::vector<int> answers;
     for (auto [day, kind] : {std::pair(3, 2), {3, 0}, {3, 1}, {4, 0}, {4, 0}, {4, 3}})
         answers.push_back(picker.AddEvent(2005, 11, day, 0, kind));
     EXPECT_EQ(std::vector<int>({0, -1, -1, 0, -1, 0}), answers);
     ASSERT_EQ(picker.GetEventCount(), 2);
     EXPECT_EQ(std::pair(2, 3), std::pair((int)picker.GetEvent(0).flags, (int)picker.GetEvent(1).flags));
-}
 
-TEST_F(PickerTest, ListFormsAddPlainMarksWhateverTheElementsSay)
-{
-    Create();
+    picker.ResetEventArray(0);
     CHyDate dates[3] = {CHyDate(2005, 11, 1, 5), CHyDate(2005, 11, 2, 6), CHyDate(2005, 11, 1, 7)};
-    EXPECT_EQ(picker.AddEvent(dates, 3, 0), 0);
-    ASSERT_EQ(picker.GetEventCount(), 2);
-    EXPECT_TRUE(picker.GetEvent(0).flags == 0 && picker.GetEvent(1).flags == 0);
     CArray<CHyDate, CHyDate&> more;
     CHyDate extra(2005, 12, 25, 4);
     more.Add(extra);
-    std::vector<int> steps = {picker.AddEvent(dates, 3, 0)};   // nothing new
+    std::vector<int> steps = {picker.AddEvent(dates, 3, 0), picker.GetEventCount(), picker.GetEvent(1).flags,
+                              picker.AddEvent(dates, 3, 0)};   // nothing new
     steps.push_back(picker.AddEvent(&more, 0));
     steps.push_back(picker.GetEventCount());
     steps.push_back(picker.RemoveEvent(dates, 3, 0));
     steps.push_back(picker.GetEventCount());
     steps.push_back(picker.RemoveEvent(dates, 3, 0));
-    EXPECT_EQ(std::vector<int>({-1, 0, 3, 0, 1, -1}), steps);
-    picker.ResetEventArray(0);
-    EXPECT_EQ(picker.GetEventCount(), 0);
+    EXPECT_EQ(std::vector<int>({0, 2, 0, -1, 0, 3, 0, 1, -1}), steps);
 }
 
 class PickerRedrawTest : public PickerTest
@@ -212,17 +194,4 @@ TEST_F(PickerTest, HoverTimerMakesHeaderPartsHotAndStopsWhenTheCursorLeaves)
     ::SetCursorPos(window.right + 50, window.bottom + 50);
     EXPECT_TRUE(PumpUntil([&] { return picker.timerRunning == 0; }));
     EXPECT_TRUE(picker.rolloverPart == 0 && picker.rolloverCal == -1);
-}
-
-TEST_F(PickerTest, CancelModeEndsThePressWithoutStepping)
-{
-    Create();
-    const CPoint arrow = Centre(Parts(2).nextArrow);
-    hytest::MouseDown(picker, arrow.x, arrow.y);
-    EXPECT_EQ(picker.pressed, 1);
-    picker.SendMessage(WM_CANCELMODE);
-    EXPECT_TRUE(picker.pressed == 0 && picker.focusPart == 0 && ::GetCapture() == nullptr);
-    hytest::MouseUp(picker, arrow.x, arrow.y);
-    ExpectDisplay(11, 2005);
-    EXPECT_TRUE(notify.Matches({}));
 }

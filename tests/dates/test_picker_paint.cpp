@@ -252,34 +252,28 @@ TEST_F(DatePickerPaintDays, NeighbouringMonthsAreSubduedOrHidden)
     EXPECT_FALSE(Uniform(hidden, own));
 }
 
-// The day-of-week row of a picker whose weeks begin on Monday or Sunday (the
-// host profile's setting), one pixel list per column.
+// The day-of-week row of a picker whose weeks begin on Monday (the host
+// profile's setting) ends with Sunday's initial: the grid itself is counted
+// natively for both week starts.
 TEST_F(DatePickerPaintDays, MondayFirstPutsSundayLast)
 {
     const hytest::TempFile profile("hyui-paint-weekstart.ini");
-    auto columns = [&](bool monday) {
+    auto column = [&](bool monday, int c) {
         ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", monday ? "1" : "0", profile.path());
         HySetProfilePath(profile.path());
         CHyDatePicker p;
         p.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 210, 200), CWnd::FromHandle(parent), 1002);
-        Renderer r(p.m_hWnd);
         const HyRect row = p.GetCalRects(p.GetCalBounds(0)).dayOfWeek;
-        std::vector<std::vector<COLORREF>> out;
-        for (int c = 0; c < 7; ++c) {
-            const int left = row.left + c * p.GetDayWidth();
-            out.push_back(Pixels(r, CRect(left, row.top, left + p.GetDayWidth(), row.bottom)));
-        }
+        const int left = row.left + c * p.GetDayWidth();
+        const std::vector<COLORREF> pixels =
+            Pixels(Renderer(p.m_hWnd), CRect(left, row.top, left + p.GetDayWidth(), row.bottom));
         p.DestroyWindow();
         HySetProfilePath(nullptr);
-        return out;
+        return pixels;
     };
-    const auto sunday = columns(false);  // S M T W Th F S
-    const auto monday = columns(true);   // M T W Th F S S
-    EXPECT_EQ(sunday[0], sunday[6]);
-    EXPECT_NE(sunday[5], sunday[6]);
-    EXPECT_EQ(monday[5], monday[6]);
-    EXPECT_EQ(sunday[1], monday[0]);
-    EXPECT_EQ(sunday[0], monday[6]);
+    EXPECT_EQ(column(false, 0), column(true, 6));   // S M T W Th F S -> M T W Th F S S
+    EXPECT_EQ(column(false, 1), column(true, 0));
+    EXPECT_NE(column(true, 5), column(false, 5));
 }
 
 // Text never touches the edge of its rectangle at the sizes the library uses:
@@ -340,12 +334,15 @@ TEST_F(DatePickerPaintHeader, HotAndPressedPartsLookDifferentFromNormalAndEachOt
     picker.rolloverCal = -1;
     picker.rolloverPart = 0;
 
+    // Pressed; then a cancel ends the press, and the release steps nothing.
     const CPoint at = arrow.CenterPoint();
     hytest::MouseDown(picker, at.x, at.y);
     const std::vector<COLORREF> pressed = Pixels(Renderer(picker.m_hWnd), arrow);
     picker.SendMessage(WM_CANCELMODE);
-    ::ReleaseCapture();
+    EXPECT_TRUE(picker.pressed == 0 && picker.focusPart == 0 && ::GetCapture() == nullptr);
+    hytest::MouseUp(picker, at.x, at.y);
     ExpectDisplay(11, 2005);
+    EXPECT_TRUE(notify.Matches({}));
 
     EXPECT_NE(normal, hot);
     EXPECT_NE(normal, pressed);
