@@ -115,10 +115,9 @@ void WarmUpDialogs()
     }
 }
 
-class DialogTest : public ::testing::Test
+class DialogTest : public GuardedTest<WarmUpDialogs>
 {
 protected:
-    hytest::ObjectGuard guard{ WarmUpDialogs };
     ResourceChain chain;
     hytest::MessageBoxRecorder boxes;
 };

@@ -14,6 +14,7 @@
 #include "HyOleDate.h"
 #include "HyUIRes.h"
 #include "hytest.h"
+#include "hytest_afx.h"
 
 namespace {
 
@@ -54,16 +55,7 @@ void WarmUpDialogs()
     AfxDeleteTempMaps();
 }
 
-class DayPickerDialogTest : public ::testing::Test
-{
-protected:
-    hytest::ObjectGuard guard{WarmUpDialogs};
-    void TearDown() override
-    {
-        hytest::PumpMessages();
-        AfxDeleteTempMaps();
-    }
-};
+using DayPickerDialogTest = GuardedTest<WarmUpDialogs>;
 
 std::vector<int> Ymd(CHyDayPickerDlg& dialog)
 {

@@ -17,13 +17,6 @@ namespace {
 
 constexpr UINT kFieldId = 100;
 
-std::string Text(const CWnd& w)
-{
-    CString s;
-    w.GetWindowText(s);
-    return std::string(s);
-}
-
 // The locale's short date of a day, as the field should show it.
 std::string ShortDate(int year, int month, int day)
 {
@@ -101,21 +94,15 @@ void WarmUp()
     AfxDeleteTempMaps();
 }
 
-class EditDateTest : public ::testing::Test
+class EditDateTest : public GuardedTest<WarmUp>
 {
 protected:
-    hytest::ObjectGuard guard{ WarmUp };
     hytest::LocaleValues locale;
     hytest::MessageBoxRecorder boxes;
 
     void SetUp() override
     {
         ASSERT_TRUE(locale.Set(LOCALE_SSHORTDATE, "M/d/yyyy"));
-    }
-    void TearDown() override
-    {
-        hytest::PumpMessages();
-        AfxDeleteTempMaps();
     }
 };
 
@@ -150,7 +137,7 @@ TEST_F(EditDateTyping, FocusLossRewritesAnAcceptedDateAndKeepsEverythingElse)
         rig.field.SetMinYear(row.minYear);
         rig.Retype(row.typed);
         rig.LeaveField();
-        EXPECT_EQ(row.shown, Text(rig.field));
+        EXPECT_EQ(row.shown, WindowText(rig.field));
         if (row.year != -1) {
             EXPECT_EQ(row.year, rig.field.Year());
         }
@@ -176,7 +163,7 @@ TEST_F(EditDateBlank, TheExactBlankTextStandsForAnEmptiedField)
     rig.field.SetDate(2005, 3, 5);
     rig.field.SetWindowText("");
     rig.LeaveField();
-    EXPECT_EQ("", Text(rig.field));
+    EXPECT_EQ("", WindowText(rig.field));
     EXPECT_EQ(-1, rig.field.Year());
 
     rig.field.SetBlankString("None");
@@ -192,23 +179,23 @@ TEST_F(EditDateBlank, TheExactBlankTextStandsForAnEmptiedField)
     rig.field.SetFocus();
     rig.field.SetWindowText("");
     rig.LeaveField();
-    EXPECT_EQ("None", Text(rig.field));
+    EXPECT_EQ("None", WindowText(rig.field));
     rig.field.SetFocus();
     rig.field.AllowBlank(1);
     rig.field.SetWindowText("");
     rig.LeaveField();
-    EXPECT_EQ("", Text(rig.field));
+    EXPECT_EQ("", WindowText(rig.field));
     EXPECT_TRUE(boxes.Calls().empty());
 
     rig.field.SetFocus();
     rig.field.SetWindowText("5");
     rig.field.SetSel(0, 0);
     hytest::KeyPress(rig.field, VK_DELETE);
-    EXPECT_EQ("None", Text(rig.field));
+    EXPECT_EQ("None", WindowText(rig.field));
     hytest::Type(rig.field, "7");      // the blank text was selected
-    EXPECT_EQ("7", Text(rig.field));
+    EXPECT_EQ("7", WindowText(rig.field));
     hytest::Char(rig.field, '\b');
-    EXPECT_EQ("None", Text(rig.field));
+    EXPECT_EQ("None", WindowText(rig.field));
 }
 
 // ---- setting, reading and restoring the date -----------------------------------
@@ -222,25 +209,25 @@ TEST_F(EditDateValue, SettersShowTheLocalDayAndGetDateIsOneOClock)
 {
     FieldRig rig;
     rig.field.SetDate(2005, 1, 1);
-    EXPECT_EQ(ShortDate(2005, 1, 1), Text(rig.field));
+    EXPECT_EQ(ShortDate(2005, 1, 1), WindowText(rig.field));
     EXPECT_EQ(COleDateTime(2005, 1, 1, 1, 0, 0).m_dt, rig.field.GetDate());
     EXPECT_EQ("1", std::string(rig.field.GetDay()));
     for (auto [month, day] : { std::pair(13, 1), { 0, 1 }, { 1, 32 }, { 1, 0 } })
         rig.field.SetDate(2005, month, day);
-    EXPECT_EQ(ShortDate(2005, 1, 1), Text(rig.field));
+    EXPECT_EQ(ShortDate(2005, 1, 1), WindowText(rig.field));
     EXPECT_EQ(std::vector<int>({ 2005, 1, 1 }), Parts(rig.field));
 
     rig.field.SetDate((long)CTime(2010, 11, 30, 23, 30, 0).GetTime());
-    EXPECT_EQ(ShortDate(2010, 11, 30), Text(rig.field));
+    EXPECT_EQ(ShortDate(2010, 11, 30), WindowText(rig.field));
     rig.field.SetDate(COleDateTime(2011, 7, 9, 18, 0, 0).m_dt);
-    EXPECT_EQ(ShortDate(2011, 7, 9), Text(rig.field));
+    EXPECT_EQ(ShortDate(2011, 7, 9), WindowText(rig.field));
     EXPECT_EQ(COleDateTime(2011, 7, 9, 1, 0, 0).m_dt, rig.field.GetDate());
     rig.field.SetBlankString("None");
     rig.field.SetDate(-1.0);
-    EXPECT_EQ("None", Text(rig.field));
+    EXPECT_EQ("None", WindowText(rig.field));
     EXPECT_EQ(-1.0, rig.field.GetDate());
     rig.field.SetEdit(COleDateTime(2040, 7, 4, 0, 0, 0).m_dt);
-    EXPECT_EQ(ShortDate(2040, 7, 4), Text(rig.field));
+    EXPECT_EQ(ShortDate(2040, 7, 4), WindowText(rig.field));
     EXPECT_EQ((std::vector<int>{ 2040, 0, 0 }), (std::vector<int>{ rig.field.Year(), rig.field.IsValidDate(), boxes.Count() }));
 }
 
@@ -259,7 +246,7 @@ TEST_F(EditDateValue, ARefusedDateRestoresTheLastOneSetAndTellsUserAndParent)
     char text[512] = "";
     ::LoadStringA(::GetModuleHandleA("HyHost.dll"), 283, text, sizeof text);
     EXPECT_TRUE(*text && boxes.Calls()[0].text == text);
-    EXPECT_EQ(ShortDate(2004, 6, 15), Text(rig.field));
+    EXPECT_EQ(ShortDate(2004, 6, 15), WindowText(rig.field));
     const hytest::Msg* restored = rig.frame.Last(HYWM_DATEEDIT_RESTORED);
     EXPECT_TRUE(restored && restored->sent && restored->lParam == (LPARAM)last.GetTime());
     EXPECT_EQ(std::pair(0, rig.field.GetWindowTextLength()), Sel(rig.field));
@@ -267,7 +254,7 @@ TEST_F(EditDateValue, ARefusedDateRestoresTheLastOneSetAndTellsUserAndParent)
     rig.field.SetDate(COleDateTime(2012, 8, 20, 0, 0, 0).m_dt);
     rig.field.SetDate(1850, 1, 1);    // out of range: back to 20 August 2012
     EXPECT_EQ(2, boxes.Count());
-    EXPECT_EQ(ShortDate(2012, 8, 20), Text(rig.field));
+    EXPECT_EQ(ShortDate(2012, 8, 20), WindowText(rig.field));
     restored = rig.frame.Last(HYWM_DATEEDIT_RESTORED);
     EXPECT_TRUE(restored && restored->lParam == (LPARAM)CTime(2012, 8, 20, 0, 0, 0).GetTime());
 }
@@ -288,7 +275,7 @@ TEST_F(EditDateValue, DateEnteredReadsTheTextInEachForm)
     EXPECT_EQ(std::vector<int>({ 0, 0, 0 }), std::vector<int>({ rig.field.GetDateEntered(y, m, d),
                                                                rig.field.GetDateEntered(t), rig.field.GetDateEntered(ole) }));
     EXPECT_TRUE(y == -1 && t == -1 && ole == -1.0);
-    EXPECT_EQ("2/30/2005", Text(rig.field));
+    EXPECT_EQ("2/30/2005", WindowText(rig.field));
 }
 
 // ---- keys ----------------------------------------------------------------------
@@ -303,7 +290,7 @@ TEST_F(EditDateKeys, ParentAnsweringTheKeyMessageConsumesTheKey)
                         [](HWND, WPARAM, LPARAM) -> LRESULT { return HYWM_DATEEDIT_KEYDOWN; });
     rig.field.SetSel(0, 0);
     hytest::KeyPress(rig.field, VK_DELETE);
-    EXPECT_EQ("12", Text(rig.field));
+    EXPECT_EQ("12", WindowText(rig.field));
     const hytest::Msg *down = rig.frame.Last(HYWM_DATEEDIT_KEYDOWN), *up = rig.frame.Last(HYWM_DATEEDIT_KEYUP);
     ASSERT_TRUE(down && up);
     EXPECT_TRUE(down->sent && down->wParam == VK_DELETE && up->wParam == VK_DELETE && up->seq > down->seq);
@@ -311,7 +298,7 @@ TEST_F(EditDateKeys, ParentAnsweringTheKeyMessageConsumesTheKey)
     // Any other answer leaves the key to the field.
     rig.frame.OnMessage(HYWM_DATEEDIT_KEYDOWN, [](HWND, WPARAM, LPARAM) -> LRESULT { return 1; });
     hytest::KeyPress(rig.field, VK_DELETE);
-    EXPECT_EQ("2", Text(rig.field));
+    EXPECT_EQ("2", WindowText(rig.field));
 }
 
 TEST_F(EditDateKeys, EnterIsSwallowedAndADoubleClickSelectsTheWholeText)
@@ -321,7 +308,7 @@ TEST_F(EditDateKeys, EnterIsSwallowedAndADoubleClickSelectsTheWholeText)
     rig.field.SetWindowText("3/5/2005 x");
     rig.field.SetSel(8, 8);
     hytest::KeyPress(rig.field, VK_RETURN);
-    EXPECT_EQ("3/5/2005 x", Text(rig.field));
+    EXPECT_EQ("3/5/2005 x", WindowText(rig.field));
     EXPECT_EQ(1, rig.field.GetLineCount());
     hytest::DoubleClick(rig.field, 4, 8);
     EXPECT_EQ(std::pair(0, 10), Sel(rig.field));

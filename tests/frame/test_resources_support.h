@@ -7,6 +7,7 @@
 #include <windows.h>
 #include <string>
 #include <vector>
+#include "hytest_env.h"
 
 namespace restest {
 
@@ -17,11 +18,7 @@ class DataModule
 public:
     explicit DataModule(const char* relativePath)
     {
-        char exe[MAX_PATH] = "";
-        ::GetModuleFileNameA(nullptr, exe, MAX_PATH);
-        m_path = exe;
-        m_path.erase(m_path.find_last_of("\\/") + 1);
-        m_path += relativePath;
+        m_path = hytest::ExeFolder() + "\\" + relativePath;
         m_module = ::LoadLibraryExA(m_path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
     }
     ~DataModule()

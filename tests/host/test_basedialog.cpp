@@ -3,6 +3,7 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 #include "hytest.h"
+#include "hytest_afx.h"
 #include "HyBaseDialog.h"
 
 #include <string>
@@ -96,12 +97,10 @@ void WarmUpDialogs()
     }
 }
 
-class BaseDialogTest : public ::testing::Test
+class BaseDialogTest : public GuardedTest<WarmUpDialogs>
 {
 protected:
-    hytest::ObjectGuard guard{ WarmUpDialogs };
     hytest::MessageBoxRecorder boxes;
-    void TearDown() override { AfxDeleteTempMaps(); }
 };
 
 }  // namespace

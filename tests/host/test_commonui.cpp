@@ -8,14 +8,6 @@
 
 namespace {
 
-std::string ExeFolder()
-{
-    char path[MAX_PATH] = "";
-    ::GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string s(path);
-    return s.substr(0, s.find_last_of('\\'));
-}
-
 std::string LangDir()
 {
     CString dir;
@@ -35,7 +27,7 @@ std::vector<int> ProfileInt(const char* section, const char* key)
 TEST(HostLanguage, TheFolderIsTheHostsSettingElseTheEnvironmentElseEnglishBesideTheKit)
 {
     HySetLangDllDirectory(nullptr);
-    EXPECT_EQ(ExeFolder() + "\\lang\\en", LangDir());
+    EXPECT_EQ(hytest::ExeFolder() + "\\lang\\en", LangDir());
     ::SetEnvironmentVariableA("HYHOST_LANGDIR", "C:\\from\\env");
     EXPECT_EQ("C:\\from\\env", LangDir());
     HySetLangDllDirectory("C:\\set\\by\\host");
@@ -48,7 +40,7 @@ TEST(HostLanguage, AResourceModuleIsLoadedElseTheOwnInstanceServesAndTheHostsStr
 {
     HINSTANCE own = ::GetModuleHandleA(nullptr);
     DWORD word = 0;
-    HINSTANCE module = HyLoadLangModule((ExeFolder() + "\\chain_second.dll").c_str(), own, &word);
+    HINSTANCE module = HyLoadLangModule((hytest::ExeFolder() + "\\chain_second.dll").c_str(), own, &word);
     ASSERT_NE(own, module);
     ASSERT_NE(nullptr, module);
     EXPECT_EQ((DWORD)MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), word);

@@ -25,13 +25,6 @@ void PutOnClipboard(HWND owner, const char* text)
     ::CloseClipboard();
 }
 
-std::string Text(const CWnd& w)
-{
-    CString s;
-    w.GetWindowText(s);
-    return std::string(s);
-}
-
 // An editor that marks the time its paste runs, as derived editors do.
 class CMarkingEdit : public CTernEdit
 {
@@ -80,10 +73,9 @@ void WarmUp()
     AfxDeleteTempMaps();
 }
 
-class TernEditTest : public ::testing::Test
+class TernEditTest : public GuardedTest<WarmUp>
 {
 protected:
-    hytest::ObjectGuard guard{ WarmUp };
     hytest::HostFrame frame;
     hytest::BeepRecorder beeps;
 
@@ -92,11 +84,6 @@ protected:
         ASSERT_TRUE(edit.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | style, CRect(10, 10, 210, 90),
                                 CWnd::FromHandle(frame), 100));
         edit.SetFocus();
-    }
-    void TearDown() override
-    {
-        hytest::PumpMessages();
-        AfxDeleteTempMaps();
     }
 };
 
@@ -110,15 +97,15 @@ TEST_F(TernEditTest, TypingStopsAtTheLimitWithABeepPerRefusedKeyOnlyWhileALimitI
     EXPECT_EQ(5u, edit.GetLimitText());
     std::vector<std::string> steps;
     hytest::Type(edit, "abcdefg");
-    steps.push_back(Text(edit) + std::to_string(beeps.Count()));
+    steps.push_back(WindowText(edit) + std::to_string(beeps.Count()));
     // Editing keys still work at the limit, and a selection makes room.
     hytest::Char(edit, '\b');
-    steps.push_back(Text(edit));
+    steps.push_back(WindowText(edit));
     hytest::Type(edit, "X");
-    steps.push_back(Text(edit));
+    steps.push_back(WindowText(edit));
     edit.SetSel(0, 2);
     hytest::Type(edit, "Z");
-    steps.push_back(Text(edit) + std::to_string(beeps.Count()));
+    steps.push_back(WindowText(edit) + std::to_string(beeps.Count()));
     edit.DestroyWindow();
 
     // Set on a live window, then removed.
@@ -127,11 +114,11 @@ TEST_F(TernEditTest, TypingStopsAtTheLimitWithABeepPerRefusedKeyOnlyWhileALimitI
     live.SetMaxChars(3);
     EXPECT_TRUE(live.GetMaxChars() == 3 && live.GetLimitText() == 3u);
     hytest::Type(live, "abcd");
-    steps.push_back(Text(live));
+    steps.push_back(WindowText(live));
     live.SetMaxChars(0);
     EXPECT_GT(live.GetLimitText(), 3u);
     hytest::Type(live, "def");
-    steps.push_back(Text(live) + std::to_string(beeps.Count()));
+    steps.push_back(WindowText(live) + std::to_string(beeps.Count()));
     EXPECT_EQ((std::vector<std::string>{ "abcde2", "abcd", "abcdX", "ZcdX2", "abc", "abcdef3" }), steps);
     live.DestroyWindow();
 }
@@ -179,7 +166,7 @@ TEST_F(TernEditTest, PastesInsertWhatFitsWithoutBeeping)
             else
                 edit.SendMessage(WM_PASTE);
         }
-        EXPECT_EQ(c.expected, Text(edit));
+        EXPECT_EQ(c.expected, WindowText(edit));
         EXPECT_EQ(0, beeps.Count());
         edit.DestroyWindow();
     }
@@ -192,7 +179,7 @@ TEST_F(TernEditTest, DerivedEditorWrapsTheHostPaste)
     edit.SetMaxChars(6);
     PutOnClipboard(frame, "clipboard");
     edit.SendMessage(WM_PASTE);
-    EXPECT_EQ("clipbo", Text(edit));
+    EXPECT_EQ("clipbo", WindowText(edit));
     EXPECT_TRUE(edit.pastingSeenByInsert == 1 && edit.pasting == 0);   // the text went in inside the paste
     edit.DestroyWindow();
 }

@@ -3,6 +3,7 @@
 #pragma once
 #include <afxwin.h>
 #include <gtest/gtest.h>
+#include <string>
 #include "hytest.h"
 
 // Runs body once as a warm-up, then again several times, and fails when the
@@ -61,3 +62,27 @@ public:
 private:
     CDC m_dc;
 };
+
+// A fixture whose GDI and USER object counts, taken after the warm-up, must
+// not have grown by the end of each test; queued messages are handled and
+// temporary wrappers freed first. Members declared in a derived fixture are
+// gone before the check.
+template <void (*WarmUp)()>
+class GuardedTest : public ::testing::Test
+{
+protected:
+    hytest::ObjectGuard guard{ WarmUp };
+    void TearDown() override
+    {
+        hytest::PumpMessages();
+        AfxDeleteTempMaps();
+    }
+};
+
+// A window's text.
+inline std::string WindowText(const CWnd& w)
+{
+    CString s;
+    w.GetWindowText(s);
+    return std::string(s);
+}

@@ -7,6 +7,14 @@
 
 namespace hytest {
 
+std::string ExeFolder()
+{
+    char path[MAX_PATH] = "";
+    ::GetModuleFileNameA(nullptr, path, MAX_PATH);
+    const std::string s(path);
+    return s.substr(0, s.find_last_of("\\/"));
+}
+
 std::string LocaleValue(LCTYPE type)
 {
     char buf[128] = "";

@@ -10,6 +10,9 @@
 
 namespace hytest {
 
+// The folder of the test program, without a trailing separator.
+std::string ExeFolder();
+
 // User-locale values (LOCALE_SSHORTDATE, LOCALE_STIMEFORMAT, ...) changed
 // for a scope; the destructor restores them in reverse order.
 class LocaleValues

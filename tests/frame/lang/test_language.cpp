@@ -4,16 +4,9 @@
 #include <gtest/gtest.h>
 #include <afxwin.h>
 #include <string>
+#include "hytest_env.h"
 
 namespace {
-
-std::string BinFolder()
-{
-    char path[MAX_PATH] = "";
-    ::GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string s(path);
-    return s.substr(0, s.find_last_of('\\'));
-}
 
 // Loads HyUI.dll with HYHOST_LANGDIR set to folder, for the scope.
 class LibraryWithLanguage
@@ -56,12 +49,12 @@ std::string StringOf(const std::string& file, UINT id)
 // library where it lacks them or is absent.
 TEST(LanguageTest, EachFolderGivesItsTranslationsAndTheLibraryTheRest)
 {
-    const std::string german = StringOf(BinFolder() + "\\lang\\de\\HyLangUI.dll", 12547);
+    const std::string german = StringOf(hytest::ExeFolder() + "\\lang\\de\\HyLangUI.dll", 12547);
     ASSERT_FALSE(german.empty() || german == "No Photo");
     const struct { std::string folder; const char* monday; const char* tuesday; std::string photo; } rows[] = {
-        { BinFolder() + "\\lang\\de", nullptr, nullptr, german },
-        { BinFolder() + "\\lang\\en", "M", "T", "No Photo" },
-        { BinFolder() + "\\partial", "Mo", "T", "No Photo" },   // one string of a block, not another block
+        { hytest::ExeFolder() + "\\lang\\de", nullptr, nullptr, german },
+        { hytest::ExeFolder() + "\\lang\\en", "M", "T", "No Photo" },
+        { hytest::ExeFolder() + "\\partial", "Mo", "T", "No Photo" },   // one string of a block, not another block
         { "C:\\no\\such\\folder", "M", "T", "No Photo" },
     };
     for (const auto& row : rows) {
