@@ -13,16 +13,10 @@ namespace {
 
 // ---- An independent model of the British calendar, for the checks below ----
 
-// Number of the last day of a month (30 for September 1752 too).
-int ModelLastDay(int year, int month)
-{
-    return model::BritishLastDay(year, month);
-}
-
 // Days the month really has: September 1752 lost 3..13.
 int ModelDayCount(int year, int month)
 {
-    return year == 1752 && month == 9 ? 19 : ModelLastDay(year, month);
+    return year == 1752 && month == 9 ? 19 : model::BritishLastDay(year, month);
 }
 
 struct ExpectedCell
@@ -38,8 +32,8 @@ std::array<ExpectedCell, 42> ModelGrid(int year, int month, int weekdayOfFirst, 
     const int nextMonth = month == 12 ? 1 : month + 1;
     const int nextYear = month == 12 ? year + 1 : year;
     const int firstCell = mondayFirst ? (weekdayOfFirst + 6) % 7 : weekdayOfFirst;
-    const int prevLast = ModelLastDay(prevYear, prevMonth);
-    const int length = ModelLastDay(year, month);
+    const int prevLast = model::BritishLastDay(prevYear, prevMonth);
+    const int length = model::BritishLastDay(year, month);
 
     std::array<ExpectedCell, 42> grid{};
     for (int cell = 0; cell < 42; ++cell) {
@@ -74,7 +68,7 @@ std::array<ExpectedCell, 42> ModelGrid(int year, int month, int weekdayOfFirst, 
                 << expected[cell].year;
     }
     const int firstCell = mondayFirst ? (weekdayOfFirst + 6) % 7 : weekdayOfFirst;
-    const int lastDay = ModelLastDay(year, month);
+    const int lastDay = model::BritishLastDay(year, month);
     if (cal.FindCell(1, month) != firstCell || cal.FindCell(lastDay, month) != firstCell + lastDay - 1)
         return ::testing::AssertionFailure() << where << ": FindCell disagrees with the grid";
     return ::testing::AssertionSuccess();

@@ -5,20 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace {
 
-bool Same(const HyRect& a, const HyRect& b)
-{
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
-
-::testing::AssertionResult RectIs(const HyRect& expected, const HyRect& actual)
-{
-    if (Same(expected, actual))
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "(" << actual.left << "," << actual.top << "," << actual.right << ","
-                                         << actual.bottom << ")";
-}
+std::vector<int> Edges(const HyRect& r) { return {r.left, r.top, r.right, r.bottom}; }
 
 } // namespace
 
@@ -28,11 +19,11 @@ bool Same(const HyRect& a, const HyRect& b)
 TEST(PickerSingleCalendar, RectanglesAndCellsAreTheirFormulas)
 {
     const HySingleCalRects r = hy::SingleCalRects(HyRect{0, 0, 203, 180}, 16);
-    EXPECT_TRUE(RectIs({0, 2, 16, 18}, r.prevArrow));
-    EXPECT_TRUE(RectIs({187, 1, 203, 18}, r.nextArrow));
-    EXPECT_TRUE(RectIs({26, 3, 177, 19}, r.caption));
-    EXPECT_TRUE(RectIs({2, 28, 201, 56}, r.monthPanel));
-    EXPECT_TRUE(RectIs({2, 66, 201, 178}, r.dayArea));
+    EXPECT_EQ(std::vector<int>({0, 2, 16, 18}), Edges(r.prevArrow));
+    EXPECT_EQ(std::vector<int>({187, 1, 203, 18}), Edges(r.nextArrow));
+    EXPECT_EQ(std::vector<int>({26, 3, 177, 19}), Edges(r.caption));
+    EXPECT_EQ(std::vector<int>({2, 28, 201, 56}), Edges(r.monthPanel));
+    EXPECT_EQ(std::vector<int>({2, 66, 201, 178}), Edges(r.dayArea));
 
     struct DayCase { int cell; bool week; HyRect expected; };
     const DayCase days[] = {
@@ -43,7 +34,7 @@ TEST(PickerSingleCalendar, RectanglesAndCellsAreTheirFormulas)
         {9, true, {2, 98, 201, 114}},     // the whole week
     };
     for (const DayCase& c : days)
-        EXPECT_TRUE(RectIs(c.expected, hy::SingleCalDayCell(r.dayArea, c.cell, c.week))) << c.cell;
+        EXPECT_EQ(Edges(c.expected), Edges(hy::SingleCalDayCell(r.dayArea, c.cell, c.week))) << c.cell;
 
     struct MonthCase { int month; HyRect expected; };
     const MonthCase months[] = {
@@ -51,7 +42,7 @@ TEST(PickerSingleCalendar, RectanglesAndCellsAreTheirFormulas)
         {7, {2, 42, 35, 56}}, {12, {167, 42, 201, 56}},
     };
     for (const MonthCase& c : months)
-        EXPECT_TRUE(RectIs(c.expected, hy::SingleCalMonthCell(r.monthPanel, c.month))) << c.month;
+        EXPECT_EQ(Edges(c.expected), Edges(hy::SingleCalMonthCell(r.monthPanel, c.month))) << c.month;
 }
 
 TEST(PickerDecisions, APressOnADaySelectsBeepsOrStepsOn)
