@@ -127,19 +127,13 @@ const std::vector<Forward>& ButtonAndEditRows()
 {
     static const std::vector<Forward> rows = {
         FWD(picture, STM_SETIMAGE, IMAGE_BITMAP, kBitmap, SetBitmap(kBitmap)),
-        FWD(picture, STM_GETIMAGE, IMAGE_BITMAP, 0, GetBitmap()),
         FWD(picture, STM_SETIMAGE, IMAGE_CURSOR, kIcon, SetCursor(kIcon)),
-        FWD(picture, STM_GETIMAGE, IMAGE_CURSOR, 0, GetCursor()),
         FWD(picture, STM_SETIMAGE, IMAGE_ENHMETAFILE, kMeta, SetEnhMetaFile(kMeta)),
-        FWD(picture, STM_GETIMAGE, IMAGE_ENHMETAFILE, 0, GetEnhMetaFile()),
 
         FWD_VOID(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, FALSE, SetButtonStyle(BS_DEFPUSHBUTTON, FALSE)),
         FWD(button, BM_SETIMAGE, IMAGE_BITMAP, kBitmap, SetBitmap(kBitmap)),
-        FWD(button, BM_GETIMAGE, IMAGE_BITMAP, 0, GetBitmap()),
         FWD(button, BM_SETIMAGE, IMAGE_ICON, kIcon, SetIcon(kIcon)),
-        FWD(button, BM_GETIMAGE, IMAGE_ICON, 0, GetIcon()),
         FWD(button, BM_SETIMAGE, IMAGE_CURSOR, kIcon, SetCursor(kIcon)),
-        FWD(button, BM_GETIMAGE, IMAGE_CURSOR, 0, GetCursor()),
 
         FWD_VOID(edit, EM_SETSEL, 6, 11, SetSel(6, 11, TRUE)),
         FWD_VOID(edit, EM_SCROLLCARET, 0, 0, SetSel(6, 11)),
@@ -160,7 +154,6 @@ const std::vector<Forward>& CommonControlRows()
 {
     static const std::vector<Forward> rows = {
         FWD(spin, UDM_SETACCEL, 2, g_accel, SetAccel(2, g_accel)),
-        FWD(spin, UDM_GETACCEL, 2, g_accel, GetAccel(2, g_accel)),
         FWD(spin, UDM_SETPOS, 0, MAKELPARAM(-3, 0), SetPos(-3)),
         FWD(spin, UDM_SETPOS32, 0, -70000, SetPos32(-70000)),
         FWD_VOID(spin, UDM_SETRANGE, 0, MAKELPARAM(20, -5), SetRange(-5, 20)),   // the upper limit low
@@ -171,7 +164,6 @@ const std::vector<Forward>& CommonControlRows()
         FWD_VOID(rich, EM_HIDESELECTION, TRUE, FALSE, HideSelection(TRUE, FALSE)),
         FWD_VOID(rich, EM_EXLIMITTEXT, 0, 6, LimitText(6)),
         FWD_VOID(rich, EM_SETMODIFY, TRUE, 0, SetModify()),
-        FWD(rich, EM_SETREADONLY, TRUE, 0, SetReadOnly()),
         FWD(rich, EM_SETBKGNDCOLOR, FALSE, RGB(1, 2, 3), SetBackgroundColor(FALSE, RGB(1, 2, 3))),
         FWD(rich, EM_SETCHARFORMAT, SCF_DEFAULT, &g_cf, SetDefaultCharFormat(g_cf)),
         FWD(rich, EM_SETCHARFORMAT, SCF_SELECTION, &g_cf, SetSelectionCharFormat(g_cf)),
@@ -181,7 +173,6 @@ const std::vector<Forward>& CommonControlRows()
         FWD_VOID(rich, EM_SETOPTIONS, ECOOP_AND, (DWORD)~ECO_READONLY, SetOptions(ECOOP_AND, (DWORD)~ECO_READONLY)),
         FWD_VOID(rich, EM_SETTARGETDEVICE, kDC, 500, SetTargetDevice(kDC, 500)),
         FWD(rich, EM_STREAMIN, SF_TEXT, &g_stream, StreamIn(SF_TEXT, g_stream)),
-        FWD(rich, EM_STREAMOUT, SF_RTF, &g_stream, StreamOut(SF_RTF, g_stream)),
 
         FWD_VOID(tip, TTM_SETDELAYTIME, TTDT_AUTOMATIC, 400, SetDelayTime(400)),
         FWD_VOID(tip, TTM_SETDELAYTIME, TTDT_INITIAL, 250, SetDelayTime(TTDT_INITIAL, 250)),
