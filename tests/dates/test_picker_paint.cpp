@@ -19,7 +19,6 @@ namespace {
 
 using hytest::Renderer;
 
-
 // Exposes the protected invalidation entry without changing the object's type.
 struct InvalidateAccess : CHyDatePicker
 {
@@ -27,12 +26,6 @@ struct InvalidateAccess : CHyDatePicker
 };
 
 CRect ToCRect(const HyRect& r) { return CRect(r.left, r.top, r.right, r.bottom); }
-
-// Cell (0..41) of a day grid.
-CRect GridCell(const HyCalParts& parts, int w, int h, int cell)
-{
-    return ToCRect(hy::PickerCellRect(parts.dayGrid, w, h, cell));
-}
 
 // Changed pixels between two renderings of the same size.
 struct PixelDiff
@@ -72,8 +65,7 @@ std::vector<COLORREF> Pixels(const Renderer& r, const CRect& rc)
 
 bool Uniform(const Renderer& r, const CRect& rc)
 {
-    const std::vector<COLORREF> v = Pixels(r, rc);
-    return std::all_of(v.begin(), v.end(), [&](COLORREF c) { return c == v.front(); });
+    return r.Count(rc, r.At(rc.left, rc.top)) == rc.Width() * rc.Height();
 }
 
 // The one-pixel edge of rc has a single colour, that of most of rc: nothing
@@ -298,7 +290,7 @@ TEST_F(DatePickerPaintDays, CaptionsAndNumbersFitTheirRectangles)
                 EXPECT_TRUE(EdgeClear(r, text)) << size << " calendar " << i << ": caption touches its edge";
             }
             for (int cell = 0; cell < 42; ++cell) {
-                const CRect rc = GridCell(parts, p.GetDayWidth(), p.GetDayHeight(), cell);
+                const CRect rc = ToCRect(hy::PickerCellRect(parts.dayGrid, p.GetDayWidth(), p.GetDayHeight(), cell));
                 EXPECT_FALSE(Uniform(r, rc)) << size << " calendar " << i << " cell " << cell << ": no number";
                 EXPECT_TRUE(EdgeClear(r, rc)) << size << " calendar " << i << " cell " << cell << ": number at the edge";
             }
