@@ -3,8 +3,9 @@
 // parameters (both halves, defaults, flags) send the right message with the
 // right parameters and hand back the control's answer. A wrapper that passes
 // nothing, or its one argument as it comes, would only restate its own line
-// and is not listed; nor is the second of two wrappers built alike. The rest tests what the wrappers add: string and output
-// adapters, owner-draw reflection, tool identities.
+// and is not listed; nor is the second of two wrappers built alike. The rest
+// tests what the wrappers add: string and output adapters, owner-draw
+// reflection, tool identities.
 #include <gtest/gtest.h>
 
 #include "afxcmn.h"

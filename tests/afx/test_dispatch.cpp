@@ -59,10 +59,9 @@ BEGIN_MESSAGE_MAP(CDerivedTarget, CBaseTarget)
     ON_WM_LBUTTONDOWN()
 END_MESSAGE_MAP()
 
-class DispatchTest : public ::testing::Test
+class DispatchTest : public GuardedTest<WarmUpStandardControls>
 {
 protected:
-    hytest::ObjectGuard guard{ WarmUpStandardControls };
     hytest::HostFrame host;
 };
 

@@ -250,22 +250,25 @@ TEST_F(DatePickerPaintDays, NeighbouringMonthsAreSubduedOrHidden)
 TEST_F(DatePickerPaintDays, MondayFirstPutsSundayLast)
 {
     const hytest::TempFile profile("hyui-paint-weekstart.ini");
-    auto column = [&](bool monday, int c) {
+    // The day-of-week row of one picker, one pixel list per column.
+    auto columns = [&](bool monday) {
         ::WritePrivateProfileStringA("Almanac", "WorkWeekBegins", monday ? "1" : "0", profile.path());
         HySetProfilePath(profile.path());
         CHyDatePicker p;
         p.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 210, 200), CWnd::FromHandle(parent), 1002);
         const HyRect row = p.GetCalRects(p.GetCalBounds(0)).dayOfWeek;
-        const int left = row.left + c * p.GetDayWidth();
-        const std::vector<COLORREF> pixels =
-            Pixels(Renderer(p.m_hWnd), CRect(left, row.top, left + p.GetDayWidth(), row.bottom));
+        const Renderer r(p.m_hWnd);
+        std::vector<std::vector<COLORREF>> out;
+        for (int left = row.left; out.size() < 7; left += p.GetDayWidth())
+            out.push_back(Pixels(r, CRect(left, row.top, left + p.GetDayWidth(), row.bottom)));
         p.DestroyWindow();
         HySetProfilePath(nullptr);
-        return pixels;
+        return out;
     };
-    EXPECT_EQ(column(false, 0), column(true, 6));   // S M T W Th F S -> M T W Th F S S
-    EXPECT_EQ(column(false, 1), column(true, 0));
-    EXPECT_NE(column(true, 5), column(false, 5));
+    const auto sunday = columns(false), monday = columns(true);
+    EXPECT_EQ(sunday[0], monday[6]);   // S M T W Th F S -> M T W Th F S S
+    EXPECT_EQ(sunday[1], monday[0]);
+    EXPECT_NE(sunday[5], monday[5]);
 }
 
 // Text never touches the edge of its rectangle at the sizes the library uses:
