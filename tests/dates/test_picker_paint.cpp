@@ -65,7 +65,7 @@ std::vector<COLORREF> Pixels(const Renderer& r, const CRect& rc)
 
 bool Uniform(const Renderer& r, const CRect& rc)
 {
-    return r.Count(rc, r.At(rc.left, rc.top)) == rc.Width() * rc.Height();
+    return static_cast<bool>(r.AllPixels(rc, r.At(rc.left, rc.top)));
 }
 
 // The one-pixel edge of rc has a single colour, that of most of rc: nothing

@@ -63,7 +63,7 @@ struct MessageBoxCall
 };
 
 // MessageBoxA/W (what the framework calls): recorded, nothing is
-// shown, and each answers the next scripted id (then IDOK).
+// shown, and each answers IDOK, as a person who reads and confirms it.
 class MessageBoxRecorder
 {
 public:
@@ -101,7 +101,6 @@ struct PopupMenuCall
     int x, y;
     HWND owner;
     std::vector<MenuItem> items;  // as they were when the menu would have shown
-    // The item with this command id, searched through submenus too.
 };
 
 // TrackPopupMenu/TrackPopupMenuEx: the owner gets WM_ENTERMENULOOP and

@@ -51,9 +51,8 @@ struct Expect
 // Readable name of a message number ("WM_LBUTTONDOWN", "WM_USER+12", "0xC123").
 std::string MessageName(UINT msg);
 
-// Compares a recorded log with an expected sequence; optional entries may be
-// skipped. On mismatch the message lists both sequences and marks the first
-// difference.
+// Compares a recorded log with an expected sequence, entry for entry. On
+// mismatch the message lists both sequences and marks the first difference.
 ::testing::AssertionResult SequenceMatches(const std::vector<Msg>& actual,
                                            const std::vector<Expect>& expected);
 
