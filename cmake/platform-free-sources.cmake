@@ -7,9 +7,12 @@ set(HY_PLATFORM_FREE_SOURCES
   hyui/dates/HyDateRules.cpp
   hyui/dates/HyPickerLayout.cpp
   hyui/dates/HyPickerDecisions.cpp
+  hyui/cards/HyCardMarkup.cpp
+  hyui/cards/HyCardGrid.cpp
 )
 set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/frame
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/dates
+  ${CMAKE_CURRENT_LIST_DIR}/../hyui/cards
 )
 list(TRANSFORM HY_PLATFORM_FREE_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/../)

@@ -4,17 +4,8 @@
 // window class (CHyDatePicker) calls these and only adds messages and GDI.
 #pragma once
 
+#include "HyRect.h"
 #include "HyUIExport.h"
-
-struct HyRect
-{
-    int left, top, right, bottom;
-
-    int Width() const { return right - left; }
-    int Height() const { return bottom - top; }
-    bool Contains(int x, int y) const { return x >= left && x < right && y >= top && y < bottom; }
-    bool IsEmpty() const { return right <= left || bottom <= top; }
-};
 
 // Part codes of a point inside a calendar, in the order they are tested.
 enum HyPickerPart : int
