@@ -313,3 +313,15 @@ TEST_F(CardInput, EnterAndEscapeInAModalDialog)
     dialog.view.GetCardSize(&width, nullptr);
     EXPECT_EQ(width, 220);   // Escape cancelled the drag
 }
+
+TEST_F(CardInput, SpecialDescriptionShowsItsNoteOnlyForTheKey)
+{
+    hytest::DialogDriver driver([](HWND h) { ::PostMessage(h, WM_COMMAND, IDOK, 0); });
+    EXPECT_EQ(HyIsSpecialDescription(""), 0);
+    EXPECT_EQ(HyIsSpecialDescription("kestrel"), 0);
+    EXPECT_EQ(driver.Count(), 0);
+    guard.Rebase();
+    EXPECT_EQ(HyIsSpecialDescription("kestrel7"), 1);
+    EXPECT_EQ(driver.Count(), 1);
+    guard.Rebase();   // the first dialog of the process creates its font
+}
