@@ -1,78 +1,64 @@
 // A card view (or photo view) on a shown host frame that records its hook
-// calls as short strings, with helpers that find the points of a card and
-// drive the view with real mouse and key messages.
+// calls as "|"-separated short strings, with helpers that find the points of
+// a card and read its selection.
 #pragma once
 
-#include <afxwin.h>
-#include <gtest/gtest.h>
-
+#include <array>
+#include <cstdio>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "HyCardView.h"
-#include "hytest.h"
-#include "hytest_afx.h"
-
-// Everything a test sets of the cards' descriptions; the same for every card.
-struct SampleDesc
-{
-    std::string description = "Line\n";
-    std::string category;
-    bool isPrivate = false, masked = false, note = false, photo = false;
-    std::string label;   // empty: "Card <index>"
-};
+#include "hytest_afx.h"   // the framework, GoogleTest and the harness
 
 template <class Base>
 class RecordingView : public Base
 {
 public:
-    std::vector<std::string> log;
-    SampleDesc sample;
+    std::string log;
+    CCardDesc sample{ .strLabel = "Card", .strDescription = "Line\n" };   // every card's
 
     using Base::GetCardCell;
-    using Base::GetCardRects;
 
-    void GetCardDescription(int i, CCardDesc& d) override
-    {
-        d.strLabel = sample.label.empty() ? ("Card " + std::to_string(i)).c_str() : sample.label.c_str();
-        d.strDescription = sample.description.c_str();
-        d.strCategory = sample.category.c_str();
-        d.bPrivate = sample.isPrivate;
-        d.bMasked = sample.masked;
-        d.bNote = sample.note;
-        d.bPhoto = sample.photo;
-    }
-    void OnCardSelected(int i, BOOL b) override { Log("sel", i, b); }
-    void OnCardChecked(int i, BOOL b) override { Log("chk", i, b); }
-    void OnCardLButtonDblClk(int i, CPoint) override { Log("dbl", i); }
-    void OnCardOnRButtonDown(int i, CPoint) override { Log("rdown", i); }
-    void OnCardReturnKey() override { log.push_back("ret"); }
+    void GetCardDescription(int, CCardDesc& d) override { d = sample; }
+    void OnCardSelected(int i, BOOL b) override { Log("sel %d %d", i, b); }
+    void OnCardChecked(int i, BOOL b) override { Log("chk %d %d", i, b); }
+    void OnCardLButtonDblClk(int i, CPoint) override { Log("dbl %d", i); }
+    void OnCardOnRButtonDown(int i, CPoint) override { Log("rdown %d", i); }
+    void OnCardReturnKey() override { Log("ret"); }
     void DrawPhoto(CDC* pDC, int, RECT* r) override { pDC->FillSolidRect(r, RGB(255, 0, 0)); }
 
-    CCardRects Rects(int i)
-    {
-        CCardRects r;
-        GetCardRects(i, r);
-        return r;
-    }
-    std::string Log() const
-    {
-        std::string s;
-        for (const std::string& e : log)
-            s += (s.empty() ? "" : "|") + e;
-        return s;
-    }
+    CCardRects Rects(int i) { return (this->GetCardRects(i, rects), rects); }
 
 private:
-    void Log(const char* what, int i, int b = -2)
+    CCardRects rects;
+    template <class... Args>
+    void Log(const char* format, Args... args)
     {
-        log.push_back(std::string(what) + " " + std::to_string(i) + (b == -2 ? "" : " " + std::to_string(b)));
+        char entry[32];
+        std::snprintf(entry, sizeof entry, format, args...);
+        log.append(log.empty() ? "" : "|").append(entry);
     }
 };
 
-// A shown frame and a focused view, clicked, keyed and dragged once: the
-// theme's fonts and brushes, the frame's and scroll bar's first paints.
+// Fills a dialog with a focused one-card view and posts Enter, a resize
+// drag with Escape inside it, and the dialog's own Cancel: posted, so that
+// the dialog's loop delivers them.
+template <class View>
+void EnterAndEscapeInDialog(RecordingView<View>& view, HWND dialog)
+{
+    view.Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 442, 172), CWnd::FromHandle(dialog), 7);
+    view.AddCard(nullptr, FALSE);
+    view.SetFocus();
+    for (auto [message, wParam, x] : { std::array<UINT, 3>{ WM_KEYDOWN, VK_RETURN, 0 }, { WM_LBUTTONDOWN, 1, 218 },
+                                       { WM_MOUSEMOVE, 1, 300 }, { WM_KEYDOWN, VK_ESCAPE, 0 },
+                                       { WM_LBUTTONUP, 0, 300 } })
+        view.PostMessage(message, wParam, message == WM_KEYDOWN ? 1 : MAKELPARAM(x, 40));
+    ::PostMessage(dialog, WM_COMMAND, IDCANCEL, 0);
+}
+
+// The first uses of the process: a shown frame, a view in a dialog it owns,
+// then a view in the frame, clicked, keyed and dragged: the theme's fonts
+// and brushes, the first paints, the system's cached device contexts.
 inline void WarmUpCards()
 {
     WarmUpStandardControls();
@@ -80,19 +66,16 @@ inline void WarmUpCards()
     ::ShowWindow(frame, SW_SHOW);
     ::SetForegroundWindow(frame);
     RecordingView<CHyCardView> view;
-    view.sample.masked = true;
+    {
+        hytest::DialogDriver driver([&](HWND h) { EnterAndEscapeInDialog(view, h); });
+        CDialog(100).DoModal();
+    }
     view.Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 662, 342), CWnd::FromHandle(frame), 1);
-    view.SetFlags(HYCARD_CHECKBOXES);
-    for (int i = 0; i < 12; ++i)
+    for (int i = 0; i < 12; ++i)   // with a scroll bar
         view.AddCard(nullptr, TRUE);
-    view.SetFocus();
-    hytest::Click(view, 100, 100);
-    hytest::KeyPress(view, VK_RIGHT);
-    hytest::MouseDown(view, 218, 40);
-    hytest::MouseMove(view, 240, 40);
-    hytest::MouseUp(view, 240, 40);
-    view.sample = SampleDesc{ "a\n<L>\nb\n", "Cat", true, false, true, true };
-    view.CheckCard(-1, TRUE, TRUE);
+    ::SetCursorPos(100, 100);   // the first pointer move
+    hytest::Drag(view, 218, 40, 240, 40);   // both resize cursors
+    hytest::Drag(view, 40, 168, 40, 190);
     view.DestroyWindow();
     hytest::PumpMessages();
 }
@@ -112,8 +95,7 @@ protected:
     void TearDown() override
     {
         EXPECT_EQ(parent.Count(WM_COMMAND) + parent.Count(WM_NOTIFY), 0u) << "the view talks to its parent";
-        if (view.m_hWnd)
-            view.DestroyWindow();
+        view.DestroyWindow();   // none when it went with a dialog
         frame.reset();
         GuardedTest<WarmUpCards>::TearDown();
     }
@@ -132,25 +114,17 @@ protected:
         view.log.clear();
     }
 
-    static CPoint Centre(const RECT& r) { return CPoint((r.left + r.right) / 2, (r.top + r.bottom) / 2); }
-    CPoint Body(int i) { return Centre(view.Rects(i).rcBody); }
-    CPoint Check(int i) { return Centre(view.Rects(i).rcCheck); }
-    // Cell i of the grid, which may hold no card.
-    CPoint Cell(int i)
-    {
-        RECT r;
-        view.GetCardCell(i, &r);
-        return CPoint(r.left + 20, r.top + 60);
-    }
-
-    std::string Selected()
+    // The indexes for which `is` answers true, blank-separated; "-" for none.
+    template <class Is>
+    std::string Which(Is is)
     {
         std::string s;
         for (int i = 0; i < view.GetCardCount(); ++i)
-            if (view.IsCardSelected(i))
-                s += (s.empty() ? "" : " ") + std::to_string(i);
-        return s;
+            if ((view.*is)(i))
+                s.append(s.empty() ? "" : " ").append(std::to_string(i));
+        return s.empty() ? "-" : s;
     }
+    std::string Selected() { return Which(&View::IsCardSelected); }
 
     std::unique_ptr<hytest::HostFrame> frame;
     hytest::HostFrame& parent;

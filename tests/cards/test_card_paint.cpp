@@ -3,176 +3,122 @@
 #include "card_fixture.h"
 #include "HyTheme.h"
 
-namespace {
+#include <vector>
 
 using CardPaint = CardViewTest<CHyCardView>;
 using PhotoPaint = CardViewTest<CHyPhotoView>;
+using hytest::Renderer;
 
-COLORREF RuleColour()
-{
-    LOGBRUSH lb{};
-    HYThemeGetRuleBrush()->GetLogBrush(&lb);
-    return lb.lbColor;
-}
-
-// The columns where two renderings differ inside r; {INT_MAX, INT_MIN} when none.
-std::pair<int, int> DiffColumns(const hytest::Renderer& a, const hytest::Renderer& b, const RECT& r)
-{
-    std::pair<int, int> span{ INT_MAX, INT_MIN };
-    for (int y = r.top; y < r.bottom; ++y)
-        for (int x = r.left; x < r.right; ++x)
-            if (a.At(x, y) != b.At(x, y))
-                span = { std::min(span.first, x), std::max(span.second, x) };
-    return span;
-}
-
-}  // namespace
-
-TEST_F(CardPaint, FrameShadowHeadersAndFocusRing)
+TEST_F(CardPaint, FrameShadowHeadersFocusRingAndScrollLine)
 {
     Create(6);
     view.SelectCard(1, TRUE, TRUE);
     view.SelectCard(0, FALSE, TRUE);   // the focus on card 0
-    const CCardRects r0 = view.Rects(0), r1 = view.Rects(1);
-    hytest::Renderer focused(view);
-    const int midY = (r0.rcCard.top + r0.rcCard.bottom) / 2;
-    EXPECT_EQ(focused.At(r0.rcCard.left, midY), RGB(0, 0, 0));
-    EXPECT_EQ(focused.At(r0.rcCard.left + 1, midY), RGB(255, 255, 255));
-    EXPECT_EQ(focused.At(r0.rcCard.right + 1, midY), HYThemeDarken(HYThemeGetColor(HYTHEME_VIEW)));
-    EXPECT_EQ(focused.At(r0.rcCard.left - 1, midY), RGB(0, 0, 0));   // the focus ring
-    EXPECT_EQ(focused.At(r1.rcHeader.left + 1, r1.rcHeader.bottom - 2), HYThemeGetColor(HYTHEME_HEADER_SEL));
+    const CRect card = view.Rects(0).rcCard, h0 = view.Rects(0).rcHeader, h2 = view.Rects(2).rcHeader;
+    Renderer focused(view);
+    const int y = card.CenterPoint().y, hy = h0.bottom - 2;
+    // The focus ring, the frame, inside it, the shadow, the selected header.
+    EXPECT_EQ((std::vector<COLORREF>{ focused.At(card.left - 1, y), focused.At(card.left, y),
+                                      focused.At(card.left + 1, y), focused.At(card.right + 1, y),
+                                      focused.At(view.Rects(1).rcHeader.left + 1, hy) }),
+              (std::vector<COLORREF>{ RGB(0, 0, 0), RGB(0, 0, 0), RGB(255, 255, 255),
+                                      HYThemeDarken(HYThemeGetColor(HYTHEME_VIEW)),
+                                      HYThemeGetColor(HYTHEME_HEADER_SEL) }));
     // The unselected headers' gradient runs on across a row: the seam between
     // two cards is a small step, not the gradient's whole range.
-    const CCardRects r2 = view.Rects(2);
-    const COLORREF end0 = focused.At(r0.rcHeader.right - 1, r0.rcHeader.bottom - 2);
-    const COLORREF start2 = focused.At(r2.rcHeader.left, r2.rcHeader.bottom - 2);
-    const COLORREF first = focused.At(r0.rcHeader.left, r0.rcHeader.bottom - 2);
-    EXPECT_LT(std::abs(GetRValue(end0) - GetRValue(start2)), std::abs(GetRValue(first) - GetRValue(start2)) + 1);
+    const auto red = [&](int x) { return (int)GetRValue(focused.At(x, hy)); };
+    EXPECT_LE(std::abs(red(h0.right - 1) - red(h2.left)), std::abs(red(h0.left) - red(h2.left)));
     ::SetFocus(parent);
-    hytest::Renderer unfocused(view);
-    EXPECT_NE(unfocused.At(r0.rcCard.left - 1, midY), RGB(0, 0, 0));
+    EXPECT_NE(Renderer(view).At(card.left - 1, y), RGB(0, 0, 0));
+    // The line down the right edge comes with a scroll range.
+    const auto edge = [&] {
+        Renderer r(view);   // the client area, narrower once the scroll bar shows
+        return r.AllPixels(CRect(r.width() - 1, 0, r.width(), r.height()), RGB(0, 0, 0));
+    };
+    EXPECT_FALSE(edge());
+    view.AddCard(nullptr, TRUE);
+    EXPECT_TRUE(edge());
 }
 
-TEST_F(CardPaint, HeaderIconsCategoryAndCheckMark)
+TEST_F(CardPaint, IconsCategoryCheckMarkMarkupMaskAndEmptyView)
 {
     Create(1, 660, 340, HYCARD_CHECKBOXES);
     const CCardRects r = view.Rects(0);
-    view.sample.category = "Cat";
-    hytest::Renderer plain(view);
-    view.sample.note = true;
-    hytest::Renderer note(view);
-    view.sample.isPrivate = true;
-    hytest::Renderer both(view);
-    const auto noteSpan = DiffColumns(plain, note, r.rcHeader);
-    const auto lockSpan = DiffColumns(note, both, r.rcHeader);
-    ASSERT_LE(noteSpan.first, noteSpan.second);
-    EXPECT_LT(lockSpan.second, noteSpan.first);   // right to left: category, note, padlock
+    view.sample.strCategory = "Cat";
+    Renderer plain(view);
+    view.sample.bNote = TRUE;
+    Renderer note(view);
+    view.sample.bPrivate = TRUE;
+    Renderer both(view);
+    const CRect noteInk = note.Ink(r.rcHeader, plain), lockInk = both.Ink(r.rcHeader, note);
+    ASSERT_FALSE(noteInk.IsRectEmpty());
+    EXPECT_LE(lockInk.right, noteInk.left);   // right to left: category, note, padlock
     // A category wider than half the header is not drawn at all.
-    view.sample.category = std::string(60, 'W');
-    hytest::Renderer wide(view);
-    view.sample.category.clear();
-    hytest::Renderer none(view);
+    view.sample.strCategory = std::string(60, 'W').c_str();
+    Renderer wide(view);
+    view.sample.strCategory.Empty();
+    Renderer none(view);
     EXPECT_EQ(wide.Pixels(), none.Pixels());
     // The check box: white inside until ticked.
-    CRect inside(r.rcCheck);
-    inside.DeflateRect(2, 2);
-    EXPECT_TRUE(none.AllPixels(inside, RGB(255, 255, 255)));
+    const CRect inside(r.rcCheck.left + 2, r.rcCheck.top + 2, r.rcCheck.right - 2, r.rcCheck.bottom - 2);
+    EXPECT_TRUE(CRect(none.Ink(inside, RGB(255, 255, 255))).IsRectEmpty());
     view.CheckCard(0, TRUE, TRUE);
-    hytest::Renderer ticked(view);
-    EXPECT_GT(inside.Width() * inside.Height() - ticked.Count(inside, RGB(255, 255, 255)), 4);
-}
-
-TEST_F(CardPaint, MarkupRuleAmpersandMaskAndEmptyView)
-{
-    Create(1);
-    const CCardRects r = view.Rects(0);
-    CRect body(r.rcBody);
-    body.DeflateRect(2, 2);
-    const COLORREF fill = HYThemeGetColor(HYTHEME_BODY);
-    const auto inked = [&](const hytest::Renderer& p) { return body.Width() * body.Height() - p.Count(body, fill); };
-    const auto fullRows = [&](const hytest::Renderer& p) {
-        int rows = 0;
-        for (int y = body.top; y < body.bottom; ++y)
-            rows += p.AllPixels(CRect(body.left, y, body.right, y + 1), RuleColour()) ? 1 : 0;
-        return rows;
+    EXPECT_FALSE(CRect(Renderer(view).Ink(inside, RGB(255, 255, 255))).IsRectEmpty());
+    // The body's markup.
+    const CRect body(r.rcBody.left + 2, r.rcBody.top + 2, r.rcBody.right - 2, r.rcBody.bottom - 2);
+    const auto ink = [&](const char* description, const Renderer* than = nullptr) {
+        view.sample.strDescription = description;
+        Renderer r(view);
+        return CRect(than ? r.Ink(body, *than) : r.Ink(body, HYThemeGetColor(HYTHEME_BODY)));
     };
-    view.sample.description = "a\n<L>\nb\n";
-    EXPECT_EQ(fullRows(hytest::Renderer(view)), 1);
-    view.sample.description = "a\n<L>\tb\n";   // not a rule in a tabbed line
-    EXPECT_EQ(fullRows(hytest::Renderer(view)), 0);
-    view.sample.description = "&\n";   // shown, not taken for a mnemonic prefix
-    EXPECT_GT(inked(hytest::Renderer(view)), 4);
-    view.sample.description = "&";     // no line feed: not a line
-    EXPECT_EQ(inked(hytest::Renderer(view)), 0);
-    view.sample.masked = true;
-    view.sample.description = "Masked\n";
-    view.sample.note = true;
-    hytest::Renderer masked(view);
-    view.sample = SampleDesc{ "", "", false, true, false, false, "Other" };
-    EXPECT_EQ(masked.Pixels(), hytest::Renderer(view).Pixels());   // no text, label or icon
+    view.sample.strDescription = "a\n";
+    const Renderer a(view);
+    const CRect rule = ink("a\n<L>\n", &a);   // one pixel high, across the body
+    EXPECT_EQ(rule.Height(), 1);
+    EXPECT_GT(rule.Width(), body.Width() - 8);
+    EXPECT_FALSE(ink("&\n").IsRectEmpty());   // shown, not taken for a mnemonic prefix
+    EXPECT_TRUE(ink("&").IsRectEmpty());      // no line feed: not a line
+    view.sample = { .strDescription = "Masked\n", .bMasked = TRUE, .bNote = TRUE };
+    Renderer masked(view);
+    view.sample = { .strLabel = "Other", .bMasked = TRUE };
+    EXPECT_EQ(masked.Pixels(), Renderer(view).Pixels());   // no text, label or icon
     view.DeleteAllCards(TRUE);
-    hytest::Renderer empty(view);
-    CClientDC screen(nullptr);
-    CFont* old = screen.SelectObject(view.GetLabelFont());
-    TEXTMETRIC tm{};
-    screen.GetTextMetrics(&tm);
-    screen.SelectObject(old);
-    const int line = tm.tmHeight;   // two empty lines above the sentence
-    EXPECT_TRUE(empty.AllPixels(CRect(0, 0, 660, 2 * line), HYThemeGetColor(HYTHEME_VIEW)));
-    EXPECT_FALSE(empty.AllPixels(CRect(0, 0, 660, 340), HYThemeGetColor(HYTHEME_VIEW)));
-}
-
-TEST_F(CardPaint, ScrollLineOnlyWithARange)
-{
-    Create(6);
-    CRect client;
-    view.GetClientRect(&client);
-    const CRect edge(client.right - 1, 0, client.right, client.bottom);
-    EXPECT_FALSE(hytest::Renderer(view).AllPixels(edge, RGB(0, 0, 0)));
-    view.AddCard(nullptr, TRUE);
-    view.GetClientRect(&client);
-    EXPECT_TRUE(hytest::Renderer(view).AllPixels(CRect(client.right - 1, 0, client.right, client.bottom),
-                                                 RGB(0, 0, 0)));
+    const CRect sentence = Renderer(view).Ink(CRect(0, 0, 660, 340), HYThemeGetColor(HYTHEME_VIEW));
+    ASSERT_FALSE(sentence.IsRectEmpty());
+    EXPECT_GE(sentence.top, 2 * sentence.Height());   // two empty lines above it
 }
 
 TEST_F(PhotoPaint, PhotoSquareAndNoPhotoCaption)
 {
     Create(2, 288, 134);
-    view.sample.photo = true;
-    const CCardRects r = view.Rects(1);   // the card without the focus mark
-    hytest::Renderer photo(view);
-    const CRect square(r.rcBody.left + 20, r.rcBody.top + 5, r.rcBody.left + 115, r.rcBody.top + 100);
-    EXPECT_TRUE(photo.AllPixels(square, RGB(255, 0, 0)));
-    EXPECT_EQ(photo.Count(r.rcBody, RGB(255, 0, 0)), 95 * 95);
-    view.sample.photo = false;
-    hytest::Renderer caption(view);
-    EXPECT_EQ(caption.Count(r.rcBody, RGB(255, 0, 0)), 0);
-    // "No Photo" centred: as much caption left of the middle as right of it.
-    const COLORREF fill = caption.At(r.rcBody.left + 1, r.rcBody.top + 1);
-    int left = INT_MAX, right = INT_MIN, top = INT_MAX, bottom = INT_MIN;
-    for (int y = r.rcBody.top; y < r.rcBody.bottom; ++y)
-        for (int x = r.rcBody.left; x < r.rcBody.right; ++x)
-            if (caption.At(x, y) != fill)
-                left = std::min(left, x), right = std::max(right, x), top = std::min(top, y), bottom = std::max(bottom, y);
-    EXPECT_NEAR(left - r.rcBody.left, r.rcBody.right - 1 - right, 2);
-    EXPECT_NEAR(top - r.rcBody.top, r.rcBody.bottom - 1 - bottom, 4);
+    view.sample.bPhoto = TRUE;
+    const CRect body = view.Rects(1).rcBody;   // the card without the focus mark
+    Renderer photo(view);
+    EXPECT_TRUE(photo.AllPixels(CRect(body.left + 20, body.top + 5, body.left + 115, body.top + 100), RGB(255, 0, 0)));
+    EXPECT_EQ(photo.Count(body, RGB(255, 0, 0)), 95 * 95);
+    view.sample.bPhoto = FALSE;
+    Renderer caption(view);
+    EXPECT_EQ(caption.Count(body, RGB(255, 0, 0)), 0);
+    // "No Photo" centred both ways.
+    const CRect text = caption.Ink(body, caption.At(body.left + 1, body.top + 1));
+    EXPECT_NEAR(text.left - body.left, body.right - text.right, 2);
+    EXPECT_NEAR(text.top - body.top, body.bottom - text.bottom, 4);
 }
 
-// Objects held steady over many repaints, windows and drags, both views.
+// Objects held steady over many repaints, resize drags and windows.
 template <class View>
-void Churn(CardViewTest<View>& t, RecordingView<View>& view, CWnd* parent)
+void Churn(RecordingView<View>& view, HWND parent)
 {
-    (void)t;
     for (int i = 0; i < 1000; ++i)
         view.RedrawAll();
-    for (int i = 0; i < 100; ++i) {
-        hytest::MouseDown(view, 142, 40);
-        hytest::MouseMove(view, 120 - i % 7, 40);
-        hytest::MouseUp(view, 120 - i % 7, 40);
-    }
+    view.log.clear();
+    const int gap = view.Rects(0).rcCard.right + 2;
+    for (int i = 0; i < 100; ++i)   // narrower by 20, then back
+        hytest::Drag(view, i % 2 ? gap - 20 : gap, 40, i % 2 ? gap : gap - 20, 40);
+    EXPECT_EQ(view.log, "");   // every press was on a gap
     view.DestroyWindow();
     for (int i = 0; i < 100; ++i) {
-        view.Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 300), parent, 7);
+        view.Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 300), CWnd::FromHandle(parent), 7);
         view.AddCard(nullptr, TRUE);
         view.DestroyWindow();
     }
@@ -181,15 +127,15 @@ void Churn(CardViewTest<View>& t, RecordingView<View>& view, CWnd* parent)
 TEST_F(CardPaint, ObjectsSteady)
 {
     Create(12, 660, 340, HYCARD_CHECKBOXES);
-    view.sample = SampleDesc{ "a\n<L>\nb\tc\nwrapped words<W>\n", "Cat", true, false, true, true };
+    view.sample = { .strDescription = "<L>\nb\tc\nw<W>\n", .strCategory = "C", .bPrivate = 1, .bNote = 1, .bPhoto = 1 };
     view.CheckCard(-1, TRUE, FALSE);
     view.SelectCard(3, TRUE, FALSE);
-    Churn(*this, view, CWnd::FromHandle(parent));
+    Churn(view, parent);
 }
 
 TEST_F(PhotoPaint, ObjectsSteady)
 {
     Create(12, 576, 268, HYCARD_CHECKBOXES);
-    view.sample.photo = true;
-    Churn(*this, view, CWnd::FromHandle(parent));
+    view.sample.bPhoto = TRUE;
+    Churn(view, parent);
 }

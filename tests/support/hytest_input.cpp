@@ -101,6 +101,13 @@ void Click(HWND hwnd, int x, int y)
     MouseUp(hwnd, x, y);
 }
 
+void Drag(HWND hwnd, int fromX, int fromY, int toX, int toY)
+{
+    MouseDown(hwnd, fromX, fromY);
+    MouseMove(hwnd, toX, toY);
+    MouseUp(hwnd, toX, toY);
+}
+
 void DoubleClick(HWND hwnd, int x, int y)
 {
     const bool dblclks = (GetClassLongPtrA(hwnd, GCL_STYLE) & CS_DBLCLKS) != 0;

@@ -39,6 +39,8 @@ void MouseDown(HWND hwnd, int x, int y);   // the left button
 void MouseUp(HWND hwnd, int x, int y);   // the left button
 // Down then up at the same point.
 void Click(HWND hwnd, int x, int y);   // the left button
+// Down at one point, one move to another and up there.
+void Drag(HWND hwnd, int fromX, int fromY, int toX, int toY);   // the left button
 // DOWN, UP, DBLCLK, UP as the system delivers it to a CS_DBLCLKS class;
 // DOWN, UP, DOWN, UP to a class without it.
 void DoubleClick(HWND hwnd, int x, int y);   // the left button

@@ -122,6 +122,20 @@ RECT Clipped(const RECT& r, int w, int h)
     return RECT{std::max<LONG>(r.left, 0), std::max<LONG>(r.top, 0), std::min<LONG>(r.right, w),
                 std::min<LONG>(r.bottom, h)};
 }
+
+// The bounding box of the points of r (clipped) where `differs` holds.
+template <class Differs>
+RECT Bounds(const RECT& r, int w, int h, Differs differs)
+{
+    const RECT c = Clipped(r, w, h);
+    RECT box{ c.right, c.bottom, c.left, c.top };
+    for (int y = c.top; y < c.bottom; ++y)
+        for (int x = c.left; x < c.right; ++x)
+            if (differs(x, y))
+                box = { std::min<LONG>(box.left, x), std::min<LONG>(box.top, y), std::max<LONG>(box.right, x + 1),
+                        std::max<LONG>(box.bottom, y + 1) };
+    return box.left < box.right ? box : RECT{};
+}
 }  // namespace
 
 int Renderer::Count(const RECT& r, COLORREF colour) const
@@ -132,6 +146,16 @@ int Renderer::Count(const RECT& r, COLORREF colour) const
         for (int x = c.left; x < c.right; ++x)
             n += At(x, y) == colour;
     return n;
+}
+
+RECT Renderer::Ink(const RECT& r, COLORREF colour) const
+{
+    return Bounds(r, m_width, m_height, [&](int x, int y) { return At(x, y) != colour; });
+}
+
+RECT Renderer::Ink(const RECT& r, const Renderer& other) const
+{
+    return Bounds(r, m_width, m_height, [&](int x, int y) { return At(x, y) != other.At(x, y); });
 }
 
 COLORREF Renderer::Dominant(const RECT& r) const

@@ -35,6 +35,10 @@ public:
     COLORREF At(int x, int y) const;
     int Count(const RECT& r, COLORREF colour) const;
     COLORREF Dominant(const RECT& r) const;
+    // The bounding box of the pixels of r that are not `colour` (or that
+    // differ from `other`'s); an empty rectangle when there are none.
+    RECT Ink(const RECT& r, COLORREF colour) const;
+    RECT Ink(const RECT& r, const Renderer& other) const;
     // Every pixel, row by row: two renderings compare equal pixel for pixel.
     std::vector<DWORD> Pixels() const;
     // Every pixel of r has the colour; the failure names the first offender,
