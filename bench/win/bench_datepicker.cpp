@@ -13,48 +13,17 @@
 // otherwise, 2 for a setup failure.
 #include <windows.h>
 #include <commctrl.h>
-#include <shlwapi.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
 
+#include "bench_common.h"
 #include "bench_stats.h"
 #include "bench_subjects.h"
 
 namespace {
-
-struct Options
-{
-    int rounds = 30;
-    int reps = 20;
-    int warmup = 3;
-    const char* only = nullptr;
-};
-
-bool ParseOptions(int argc, char** argv, Options& options)
-{
-    for (int i = 1; i < argc; ++i)
-    {
-        if (std::strcmp(argv[i], "--only") == 0 && i + 1 < argc)
-        {
-            options.only = argv[++i];
-            continue;
-        }
-        int* target = nullptr;
-        if (std::strcmp(argv[i], "--rounds") == 0)
-            target = &options.rounds;
-        else if (std::strcmp(argv[i], "--reps") == 0)
-            target = &options.reps;
-        else if (std::strcmp(argv[i], "--warmup") == 0)
-            target = &options.warmup;
-        if (target == nullptr || i + 1 >= argc || std::atoi(argv[i + 1]) < (target == &options.warmup ? 0 : 1))
-            return false;
-        *target = std::atoi(argv[++i]);
-    }
-    return true;
-}
 
 enum Figure
 {
@@ -75,51 +44,6 @@ struct Result
     int hidden = 0;      // batches in which the control was not fully visible
 };
 
-double Now()
-{
-    static LARGE_INTEGER frequency = [] {
-        LARGE_INTEGER f;
-        ::QueryPerformanceFrequency(&f);
-        return f;
-    }();
-    LARGE_INTEGER t;
-    ::QueryPerformanceCounter(&t);
-    return static_cast<double>(t.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
-}
-
-// Dispatches what the last repetition queued (notifications, timers) before
-// the next one is timed.
-void Pump()
-{
-    MSG msg;
-    while (::PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE))
-    {
-        ::TranslateMessage(&msg);
-        ::DispatchMessage(&msg);
-    }
-}
-
-// The whole client area can be drawn on: the clip box of a window DC covers
-// the client rectangle (within the window's own region, if it has one).
-bool FullyVisible(HWND hwnd)
-{
-    RECT expected;
-    ::GetClientRect(hwnd, &expected);
-    HRGN shape = ::CreateRectRgn(0, 0, 0, 0);
-    if (::GetWindowRgn(hwnd, shape) != ERROR)
-    {
-        RECT box;
-        ::GetRgnBox(shape, &box);
-        ::IntersectRect(&expected, &expected, &box);
-    }
-    ::DeleteObject(shape);
-    HDC dc = ::GetDC(hwnd);
-    RECT clip = {};
-    ::GetClipBox(dc, &clip);
-    ::ReleaseDC(hwnd, dc);
-    return ::EqualRect(&clip, &expected) != FALSE;
-}
-
 // Brings the subject to the top, focuses its control, puts the highlight on
 // the start day and lets everything pending paint.
 void Prepare(BenchSubject& subject, const BenchDays& days, Result& result)
@@ -128,8 +52,8 @@ void Prepare(BenchSubject& subject, const BenchDays& days, Result& result)
     ::SetFocus(subject.Control());
     subject.Restart(days.start);
     ::RedrawWindow(subject.Host(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-    Pump();
-    if (!FullyVisible(subject.Control()))
+    BenchPump();
+    if (!BenchFullyVisible(subject.Control()))
         ++result.hidden;
 }
 
@@ -139,11 +63,11 @@ void MeasureRepaint(BenchSubject& subject, int reps, Result* result)
     for (int i = 0; i < reps; ++i)
     {
         const long before = subject.Paints();
-        const double t0 = Now();
+        const double t0 = BenchNow();
         ::RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-        const double t1 = Now();
+        const double t1 = BenchNow();
         const long painted = subject.Paints() - before;
-        Pump();
+        BenchPump();
         if (result == nullptr)
             continue;
         result->ms.push_back(t1 - t0);
@@ -160,14 +84,14 @@ void MeasureStep(BenchSubject& subject, const BenchDays& days, int reps, Result*
     {
         const SYSTEMTIME next = BenchAddDays(day, 1);
         const long before = subject.Paints();
-        const double t0 = Now();
+        const double t0 = BenchNow();
         subject.Step(next);
         ::UpdateWindow(control);
-        const double t1 = Now();
+        const double t1 = BenchNow();
         const long painted = subject.Paints() - before;
         SYSTEMTIME now = {};
         const bool moved = subject.GetHighlight(now) && BenchSameDay(now, next);
-        Pump();
+        BenchPump();
         day = next;
         if (result == nullptr)
             continue;
@@ -197,25 +121,6 @@ BenchDays MakeDays()
     return days;
 }
 
-const char* WineVersion()
-{
-    using Fn = const char*(CDECL*)();
-    HMODULE ntdll = ::GetModuleHandle("ntdll.dll");
-    auto fn = ntdll != nullptr ? reinterpret_cast<Fn>(::GetProcAddress(ntdll, "wine_get_version")) : nullptr;
-    return fn != nullptr ? fn() : nullptr;
-}
-
-void PrintCommonControlsVersion()
-{
-    HMODULE comctl = ::GetModuleHandle("comctl32.dll");
-    auto getVersion =
-        comctl != nullptr ? reinterpret_cast<DLLGETVERSIONPROC>(::GetProcAddress(comctl, "DllGetVersion")) : nullptr;
-    DLLVERSIONINFO info = {};
-    info.cbSize = sizeof info;
-    if (getVersion != nullptr && SUCCEEDED(getVersion(&info)))
-        std::printf("comctl32 %lu.%lu\n", info.dwMajorVersion, info.dwMinorVersion);
-}
-
 void PrintShown(BenchSubject& subject)
 {
     int month = 0, year = 0;
@@ -223,19 +128,12 @@ void PrintShown(BenchSubject& subject)
     std::printf("%-5s shows %d calendars from %02d/%04d\n", subject.Name(), subject.CalendarCount(), month, year);
 }
 
-void PrintRow(const char* figure, const char* name, const Result& r, const char* mark)
-{
-    const BenchSpread s = BenchSummarise(r.ms);
-    std::printf("%-15s %-6s %8.3f %8.3f %8.3f %8.3f %8.3f %9.2f%s\n", figure, name, s.median, s.min, s.q1, s.q3,
-                s.max, s.count > 0 ? static_cast<double>(r.paints) / s.count : 0.0, mark);
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    Options options;
-    if (!ParseOptions(argc, argv, options))
+    BenchOptions options;
+    if (!BenchParseOptions(argc, argv, false, options))
     {
         std::fprintf(stderr, "usage: bench_datepicker [--rounds N] [--reps N] [--warmup N] [--only ours|peer|floor]\n");
         return 2;
@@ -277,12 +175,10 @@ int main(int argc, char** argv)
     const int subjectCount = 3;
     for (BenchSubject* s : subjects)
         ::ShowWindow(s->Host(), SW_SHOWNOACTIVATE);
-    Pump();
+    BenchPump();
     peer->DetectArrowKeys(days.start);
 
-    if (const char* wine = WineVersion())
-        std::printf("Wine %s, ", wine);
-    PrintCommonControlsVersion();
+    BenchPrintVersions();
     std::printf("12 months (4 x 3) in %ld x %ld client pixels; peer's one month (MCM_GETMINREQRECT) %ld x %ld\n",
                 size.cx, size.cy, peer->OneMonth().cx, peer->OneMonth().cy);
     PrintShown(*ours);
@@ -314,8 +210,7 @@ int main(int argc, char** argv)
             }
     }
 
-    std::printf("%-15s %-6s %8s %8s %8s %8s %8s %9s\n", "figure", "who", "median", "min", "q1", "q3", "max",
-                "paints/op");
+    BenchPrintHeader();
     bool sound = true;
     for (int figure = 0; figure < kFigureCount; ++figure)
     {
@@ -326,7 +221,7 @@ int main(int argc, char** argv)
             if (r.ms.empty())
                 continue;
             const bool stepBySetCurSel = figure == kStep && subjects[index] == peer.get() && !peer->ArrowKeysMove();
-            PrintRow(label, subjects[index]->Name(), r, stepBySetCurSel ? " *" : "");
+            BenchPrintRow(label, subjects[index]->Name(), r.ms, r.paints, stepBySetCurSel ? " *" : "");
             label = "";
             if (r.unpainted > 0 || r.unmoved > 0 || r.hidden > 0)
             {

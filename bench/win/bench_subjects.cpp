@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <cstdio>
+
 namespace {
 
 const char kHostClass[] = "HyBenchHost";
@@ -69,6 +71,14 @@ LRESULT CALLBACK HostProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
         request->prgDayState = states;
         return 0;
     }
+    if (message == WM_NOTIFY && reinterpret_cast<NMHDR*>(lParam)->code == LVN_GETDISPINFO)
+    {
+        // The list view's texts, made from the index as the card view's are.
+        LVITEM& item = reinterpret_cast<NMLVDISPINFO*>(lParam)->item;
+        if ((item.mask & LVIF_TEXT) != 0 && item.pszText != nullptr && item.cchTextMax > 0)
+            std::snprintf(item.pszText, item.cchTextMax, "Contact %d", item.iItem);
+        return 0;
+    }
     if (message == WM_ERASEBKGND)
         return 1;
     return ::DefWindowProc(hwnd, message, wParam, lParam);
@@ -114,7 +124,7 @@ void RegisterClasses()
     done = true;
 }
 
-class FloorSubject : public BenchSubject
+class FloorSubject : public BenchCardSubject
 {
 public:
     bool Create(SIZE client)
@@ -129,6 +139,7 @@ public:
         return true;
     }
     const char* Name() const override { return "floor"; }
+    void ScrollToTop() override {}
 };
 
 SYSTEMTIME CurSel(HWND calendar)
@@ -321,10 +332,43 @@ void BenchPeerCalendar::DetectArrowKeys(const SYSTEMTIME& start)
 
 // ---- the floor ------------------------------------------------------------
 
-std::unique_ptr<BenchSubject> BenchCreateFloor(SIZE client)
+std::unique_ptr<BenchCardSubject> BenchCreateFloor(SIZE client)
 {
     std::unique_ptr<FloorSubject> floor(new FloorSubject);
     if (!floor->Create(client))
         return nullptr;
     return floor;
+}
+
+// ---- the list view --------------------------------------------------------
+
+namespace {
+
+class PeerListSubject : public BenchCardSubject
+{
+public:
+    bool Create(SIZE client, int count)
+    {
+        if (!CreateHost("peer", client, nullptr))
+            return false;
+        m_control = ::CreateWindowEx(0, WC_LISTVIEW, "", WS_CHILD | WS_VISIBLE | LVS_ICON | LVS_OWNERDATA, 0, 0,
+                                     client.cx, client.cy, m_host, nullptr, ::GetModuleHandle(nullptr), nullptr);
+        if (m_control == nullptr)
+            return false;
+        ::SendMessage(m_control, LVM_SETITEMCOUNT, count, LVSICF_NOINVALIDATEALL);
+        StartCountingPaints();
+        return true;
+    }
+    const char* Name() const override { return "peer"; }
+    void ScrollToTop() override { ::SendMessage(m_control, LVM_ENSUREVISIBLE, 0, FALSE); }
+};
+
+} // namespace
+
+std::unique_ptr<BenchCardSubject> BenchCreatePeerList(SIZE client, int count)
+{
+    std::unique_ptr<PeerListSubject> peer(new PeerListSubject);
+    if (!peer->Create(client, count))
+        return nullptr;
+    return peer;
 }

@@ -1,6 +1,6 @@
-// What bench_datepicker measures: each subject is one control filling the
-// client area of a top-level popup window of its own at the screen's origin.
-// The measured one is brought to the top, so that nothing covers it.
+// What the Windows benchmarks measure: each subject is one control filling
+// the client area of a top-level popup window of its own at the screen's
+// origin. The measured one is brought to the top, so that nothing covers it.
 #pragma once
 
 #include <windows.h>
@@ -99,10 +99,39 @@ private:
     bool m_keysMove = false;
 };
 
+// ---- bench_cards ----------------------------------------------------------
+
+// A view of `count` host-virtual cards (or list items) whose texts are made
+// from the index: what bench_cards scrolls, sorts and clicks.
+class BenchCardSubject : public BenchSubject
+{
+public:
+    // Back to the first row, untimed.
+    virtual void ScrollToTop() = 0;
+    // Gives the cards shuffled keys (untimed); false where there is no sort.
+    virtual bool Shuffle(unsigned seed) { return false; }
+    // SortItems by the integer key, ascending; the caller repaints inside the
+    // timed span and then asks, untimed, whether the keys run in order.
+    virtual void Sort() {}
+    virtual bool InOrder() const { return false; }
+    // The client point of card `index`, for a click; false where clicks are not measured.
+    virtual bool CardPoint(int index, POINT& point) const { return false; }
+    // The cards selected, in index order, at most `max` of them.
+    virtual int Selected(int* indexes, int max) const { return 0; }
+};
+
 // The floor of a full repaint: a window whose paint creates a memory bitmap
 // of its client size, fills it and blits it, and does nothing else.
-std::unique_ptr<BenchSubject> BenchCreateFloor(SIZE client);
+// It takes part in bench_cards' full repaint only.
+std::unique_ptr<BenchCardSubject> BenchCreateFloor(SIZE client);
 
 // The library's date picker, 4 x 3 months, with the same highlighted day and
 // events (bench_ours.cpp).
 std::unique_ptr<BenchSubject> BenchCreateOurPicker(const BenchDays& days, SIZE client);
+
+// The system's list view, LVS_ICON | LVS_OWNERDATA, `count` items, texts
+// from LVN_GETDISPINFO, no image list.
+std::unique_ptr<BenchCardSubject> BenchCreatePeerList(SIZE client, int count);
+
+// The library's card view with `count` cards (bench_cards_ours.cpp).
+std::unique_ptr<BenchCardSubject> BenchCreateOurCards(SIZE client, int count, const char* name);

@@ -628,9 +628,21 @@ void CHyCardViewBase::ScrollTo(int nRow)
     const int to = std::clamp(nRow, 0, scrollMax);
     if (to == pos)
         return;
+    SCROLLBARINFO before{ sizeof(before) }, after{ sizeof(after) };
+    ::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before);
     SCROLLINFO si = ScrollInfo(SIF_POS);
     si.nPos = to;
-    SetScrollInfo(SB_VERT, &si, TRUE);
+    SetScrollInfo(SB_VERT, &si, FALSE);
+    // The scroll bar is redrawn when its thumb moves by a pixel or an end is
+    // reached or left: the pixels of a redraw at every step, which would cost
+    // more than the step's own painting.
+    ::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after);
+    if (before.xyThumbTop != after.xyThumbTop || before.xyThumbBottom != after.xyThumbBottom || pos == 0 ||
+        to == 0 || pos == scrollMax || to == scrollMax) {
+        CRect bar(after.rcScrollBar);
+        ScreenToClient(&bar);
+        RedrawWindow(&bar, nullptr, RDW_FRAME | RDW_INVALIDATE);
+    }
     CRect client;
     GetClientRect(&client);
     // A move of more than a client height repaints everything; clamping keeps

@@ -9,7 +9,10 @@
 #include "HyTheme.h"
 #include "HyUIRes.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
+#include <utility>
 #include <cstdint>
 
 namespace {
@@ -29,10 +32,11 @@ bool IsGradient(const HYThemeStyle& s)
     return s.kind == HYSTYLE_GRADIENT && (s.mode == HYGRADIENT_HORIZONTAL || s.mode == HYGRADIENT_HORIZONTAL_MIRROR);
 }
 
+// Black or white: the stock brushes, so that a card's three frames create
+// no brush.
 void Frame(CDC* pDC, const CRect& r, COLORREF colour)
 {
-    CBrush brush(colour);
-    pDC->FrameRect(&r, &brush);
+    ::FrameRect(pDC->m_hDC, &r, (HBRUSH)::GetStockObject(colour == kBlack ? BLACK_BRUSH : WHITE_BRUSH));
 }
 
 BITMAP Size(CBitmap& b)
@@ -40,6 +44,40 @@ BITMAP Size(CBitmap& b)
     BITMAP bm{};
     b.GetBitmap(&bm);
     return bm;
+}
+
+// The header icons as image lists with their masks (the transparent colour
+// is the top-left pixel), built once a process from the resources and kept,
+// like the resize cursors: drawing one is two blits, where making a mask and
+// two device contexts at every card cost more than the card's text.
+void DrawIcon(CDC* pDC, UINT id, int x, int y)
+{
+    static std::pair<UINT, HIMAGELIST> lists[3];
+    HIMAGELIST list = nullptr;
+    for (auto& [key, made] : lists) {
+        if (key == 0) {
+            const LPCTSTR name = MAKEINTRESOURCE(id);
+            const HBITMAP bitmap =
+                (HBITMAP)::LoadImage(AfxFindResourceHandle(name, RT_BITMAP), name, IMAGE_BITMAP, 0, 0, 0);
+            BITMAP bm{};
+            if (bitmap == nullptr || !::GetObject(bitmap, sizeof(bm), &bm))
+                return;
+            CDC memory;
+            memory.CreateCompatibleDC(nullptr);
+            const HGDIOBJ old = ::SelectObject(memory.m_hDC, bitmap);
+            const COLORREF transparent = memory.GetPixel(0, 0);
+            ::SelectObject(memory.m_hDC, old);
+            made = ImageList_Create(bm.bmWidth, bm.bmHeight, ILC_COLOR24 | ILC_MASK, 1, 0);
+            ImageList_AddMasked(made, bitmap, transparent);   // blackens the copy's transparent pixels
+            ::DeleteObject(bitmap);
+            key = id;
+        }
+        if (key == id) {
+            list = made;
+            break;
+        }
+    }
+    ImageList_Draw(list, 0, pDC->m_hDC, x, y, ILD_TRANSPARENT);
 }
 
 }  // namespace
@@ -234,14 +272,12 @@ void CHyCardViewBase::DrawCardHeader(CDC* pDC, int nIndex, const CCardDesc& desc
     if (desc.bNote) {
         const BITMAP bm = Size(noteBitmap);
         right -= bm.bmWidth;
-        HYThemeDrawTransparentBitmap(pDC, (HBITMAP)noteBitmap.GetSafeHandle(), right, iconTop(bm.bmHeight),
-                                     HYCLR_TOPLEFT);
+        DrawIcon(pDC, IDB_NOTE, right, iconTop(bm.bmHeight));
     }
     if (desc.bPrivate) {
         const BITMAP bm = Size(padlockBitmap);
         right -= bm.bmWidth;
-        HYThemeDrawTransparentBitmap(pDC, (HBITMAP)padlockBitmap.GetSafeHandle(), right, iconTop(bm.bmHeight),
-                                     HYCLR_TOPLEFT);
+        DrawIcon(pDC, IDB_PADLOCK, right, iconTop(bm.bmHeight));
     }
     if (desc.bPhoto) {
         pDC->FillSolidRect(rects.rcPhoto.right, header.top, 1, header.Height(), style.line);
@@ -271,9 +307,8 @@ void CHyCardViewBase::DrawCardHeader(CDC* pDC, int nIndex, const CCardDesc& desc
         pDC->FillSolidRect(&box, kWhite);
         if (cards[nIndex].bChecked) {
             const BITMAP bm = Size(checkBitmap);
-            HYThemeDrawTransparentBitmap(pDC, (HBITMAP)checkBitmap.GetSafeHandle(),
-                                         box.left + (box.Width() - bm.bmWidth) / 2,
-                                         box.top + (box.Height() - bm.bmHeight) / 2, HYCLR_TOPLEFT);
+            DrawIcon(pDC, IDB_CHECK_MARK, box.left + (box.Width() - bm.bmWidth) / 2,
+                     box.top + (box.Height() - bm.bmHeight) / 2);
         }
     }
     if (showCategory)
@@ -297,14 +332,12 @@ void CHyCardViewBase::DrawPhotoHeader(CDC* pDC, int nIndex, const CCardDesc& des
     int y = rects.rcBody.top + 2;
     if (desc.bPrivate) {
         const BITMAP bm = Size(padlockBitmap);
-        HYThemeDrawTransparentBitmap(pDC, (HBITMAP)padlockBitmap.GetSafeHandle(),
-                                     rects.rcBody.left + 2 + (16 - bm.bmWidth) / 2, y, HYCLR_TOPLEFT);
+        DrawIcon(pDC, IDB_PADLOCK, rects.rcBody.left + 2 + (16 - bm.bmWidth) / 2, y);
         y += 2 + bm.bmHeight;
     }
     if (desc.bNote) {
         const BITMAP bm = Size(noteBitmap);
-        HYThemeDrawTransparentBitmap(pDC, (HBITMAP)noteBitmap.GetSafeHandle(),
-                                     rects.rcBody.left + 2 + (16 - bm.bmWidth) / 2, y, HYCLR_TOPLEFT);
+        DrawIcon(pDC, IDB_NOTE, rects.rcBody.left + 2 + (16 - bm.bmWidth) / 2, y);
     }
     CRect label(rects.rcHeader);
     label.DeflateRect(2, 2);

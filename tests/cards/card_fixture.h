@@ -17,8 +17,6 @@ public:
     std::string log;
     CCardDesc sample{ .strLabel = "Card", .strDescription = "Line\n" };   // every card's
 
-    using Base::GetCardCell;
-
     void GetCardDescription(int, CCardDesc& d) override { d = sample; }
     void OnCardSelected(int i, BOOL b) override { Log("sel %d %d", i, b); }
     void OnCardChecked(int i, BOOL b) override { Log("chk %d %d", i, b); }
@@ -57,8 +55,9 @@ void EnterAndEscapeInDialog(RecordingView<View>& view, HWND dialog)
 }
 
 // The first uses of the process: a shown frame, a view in a dialog it owns,
-// then a view in the frame, clicked, keyed and dragged: the theme's fonts
-// and brushes, the first paints, the system's cached device contexts.
+// then a view in the frame with every icon, dragged: the theme's fonts and
+// brushes, the icons' image lists, the first paints, the system's cached
+// device contexts.
 inline void WarmUpCards()
 {
     WarmUpStandardControls();
@@ -71,8 +70,11 @@ inline void WarmUpCards()
         CDialog(100).DoModal();
     }
     view.Create(nullptr, "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 662, 342), CWnd::FromHandle(frame), 1);
+    view.sample = { .strLabel = "Card", .strDescription = "a\n", .bPrivate = 1, .bNote = 1 };   // every icon
+    view.SetFlags(HYCARD_CHECKBOXES);
     for (int i = 0; i < 12; ++i)   // with a scroll bar
         view.AddCard(nullptr, TRUE);
+    view.CheckCard(0, TRUE, TRUE);
     ::SetCursorPos(100, 100);   // the first pointer move
     hytest::Drag(view, 218, 40, 240, 40);   // both resize cursors
     hytest::Drag(view, 40, 168, 40, 190);

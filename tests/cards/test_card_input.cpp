@@ -52,11 +52,8 @@ protected:
             return hytest::KeyPress(view, (UINT)std::stoi(arg));
         if (what == 's')
             return (void)view.SortItems(&ByData, -1);
-        RECT cell;   // the empty cell after the last card for "-"
-        view.GetCardCell(view.GetCardCount(), &cell);
-        const CPoint p = arg == "-"                      ? CPoint(cell.left + 20, cell.top + 60)
-                         : (what == 'x' || what == 'D') ? CRect(view.Rects(std::stoi(arg)).rcCheck).CenterPoint()
-                                                          : CRect(view.Rects(std::stoi(arg)).rcBody).CenterPoint();
+        const CCardRects r = view.Rects(arg == "-" ? view.GetCardCount() : std::stoi(arg));   // "-": an empty cell
+        const CPoint p = CRect(what == 'x' || what == 'D' ? r.rcCheck : r.rcBody).CenterPoint();
         if (what == 'c' || what == 'x')
             hytest::Click(view, p.x, p.y);
         else if (what == 'd' || what == 'D')
@@ -119,6 +116,8 @@ TEST_F(CardInput, ScrollingByWheelPageThumbAndEnsureVisible)
         view.AddCard(nullptr, FALSE);
     view.ShowWindow(SW_SHOW);
     SCROLLINFO row90000{ .cbSize = sizeof(row90000), .fMask = SIF_POS, .nPos = 90000 };
+    hytest::WindowSpy bar(view);   // the scroll bar is painted when its thumb moves
+    bar.RecordOnly({ WM_NCPAINT });
     // Each step and the scroll position it leaves.
     const std::pair<std::function<void()>, int> steps[] = {
         { [&] { hytest::MouseWheel(view, 10, 10, -240); }, 2 },
@@ -129,7 +128,8 @@ TEST_F(CardInput, ScrollingByWheelPageThumbAndEnsureVisible)
         // A thumb dragged to row 90,000: the message holds 16 bits of it.
         { [&] { view.SetScrollInfo(SB_VERT, &row90000), view.SendMessage(WM_VSCROLL, 3 << 16 | SB_THUMBPOSITION); },
           3 },
-        { [&] { view.EnsureVisible(90000 + 10), hytest::KeyPress(view, VK_END); }, 90000 },   // End does nothing
+        { [&] { bar.Clear(), view.EnsureVisible(90000 + 10), hytest::KeyPress(view, VK_END); }, 90000 },   // no End
+        { [&] { EXPECT_EQ(bar.Count(WM_NCPAINT), 1u); }, 90000 },
         { [&] { view.EnsureVisible(99999); }, 100000 - 11 },
         // The scroll bar clamps the position when the view grows.
         { [&] { view.SetWindowPos(nullptr, 0, 0, 662, 342 + 300, SWP_NOMOVE | SWP_NOZORDER); }, 100000 - 21 },
@@ -163,7 +163,7 @@ TEST_F(CardInput, CursorsOverTheGapsUnlessResizingIsOff)
 }
 
 // Drags from a gap: from x, y, to x, y, the minimum width and height, the
-// card width and height afterwards. A drag selects nothing.
+// card width and height afterwards.
 template <class View>
 void Drags(RecordingView<View>& view, std::initializer_list<std::array<int, 8>> rows)
 {
@@ -176,7 +176,6 @@ void Drags(RecordingView<View>& view, std::initializer_list<std::array<int, 8>> 
         view.GetCardSize(&w, &h);
         EXPECT_EQ((std::array<int, 3>{ w, h, view.mouseMode }), (std::array<int, 3>{ d[6], d[7], 0 })) << d[2];
     }
-    EXPECT_EQ(view.log, "");
 }
 
 TEST_F(CardInput, DragsSetTheCardSize)

@@ -1,0 +1,254 @@
+// bench_cards: the card view with 100,000 host-virtual cards against the
+// system's list view (LVS_ICON | LVS_OWNERDATA, 100,000 items) and the floor
+// of a full repaint, in one process and the same rectangle.
+// docs/benchmarks.md explains the figures.
+//
+//   bench_cards [--size WxH] [--rounds N] [--reps N] [--warmup N] [--only ours|peer|floor|ours1k]
+//               [--figure repaint|scroll|sort|click]
+//
+// --only and --figure measure one subject or one figure alone, for a profiler.
+//
+// The size defaults to the screen, at most 1280 x 800. Each round measures
+// every subject in turn (the order rotates from round to round), N
+// repetitions each, every repetition timed on its own. Exit code 0 when every
+// timed repetition painted and did what it should, 1 otherwise, 2 for a
+// setup failure.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "bench_common.h"
+#include "bench_stats.h"
+#include "bench_subjects.h"
+
+namespace {
+
+constexpr int kCards = 100000;
+constexpr int kFewCards = 1000;
+
+enum Figure
+{
+    kRepaint,
+    kScroll,
+    kSort,
+    kClick,
+    kFigureCount
+};
+
+const char* const kFigureNames[kFigureCount] = { "full repaint", "one-row scroll", "sort, repaint", "click-select" };
+const char* const kFigureOptions[kFigureCount] = { "repaint", "scroll", "sort", "click" };
+
+// Which subjects take part in a figure: ours, peer, floor, ours1k.
+const bool kTakesPart[kFigureCount][4] = {
+    { true, true, true, false },
+    { true, true, false, false },
+    { true, false, false, false },
+    { true, false, false, true },
+};
+
+struct Result
+{
+    std::vector<double> ms;
+    long paints = 0;
+    int unpainted = 0;   // timed repetitions without a WM_PAINT
+    int wrong = 0;       // a scroll that did not move, a sort out of order, a click that did not select
+    int hidden = 0;      // batches in which the control was not fully visible
+};
+
+// Brings the subject to the top, focuses it, scrolls it back to the first row
+// and lets everything pending paint.
+void Prepare(BenchCardSubject& subject, Result& result)
+{
+    ::SetWindowPos(subject.Host(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    ::SetFocus(subject.Control());
+    subject.ScrollToTop();
+    ::RedrawWindow(subject.Host(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    BenchPump();
+    if (!BenchFullyVisible(subject.Control()))
+        ++result.hidden;
+}
+
+// One repetition of a figure; answers whether it did what it should. Work
+// outside [t0, t1] (a shuffle, the checks) is not timed.
+bool Repeat(Figure figure, BenchCardSubject& subject, int rep, double& t0, double& t1)
+{
+    HWND control = subject.Control();
+    switch (figure)
+    {
+    case kRepaint:
+        t0 = BenchNow();
+        ::RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+        t1 = BenchNow();
+        return true;
+    case kScroll: {
+        const int before = ::GetScrollPos(control, SB_VERT);
+        t0 = BenchNow();
+        ::SendMessage(control, WM_VSCROLL, SB_LINEDOWN, 0);
+        ::UpdateWindow(control);
+        t1 = BenchNow();
+        return ::GetScrollPos(control, SB_VERT) > before;
+    }
+    case kSort:
+        subject.Shuffle(static_cast<unsigned>(rep) + 1);
+        t0 = BenchNow();
+        subject.Sort();
+        ::UpdateWindow(control);
+        t1 = BenchNow();
+        return subject.InOrder();
+    case kClick: {
+        // Card 0 and card 1 in turn, so that every click changes the selection.
+        int selected[2] = { -1, -1 };
+        const int card = subject.Selected(selected, 2) == 1 && selected[0] == 0 ? 1 : 0;
+        POINT p = {};
+        subject.CardPoint(card, p);
+        t0 = BenchNow();
+        ::SendMessage(control, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(p.x, p.y));
+        ::SendMessage(control, WM_LBUTTONUP, 0, MAKELPARAM(p.x, p.y));
+        ::UpdateWindow(control);
+        t1 = BenchNow();
+        return subject.Selected(selected, 2) == 1 && selected[0] == card;
+    }
+    default:
+        return false;
+    }
+}
+
+void Measure(Figure figure, BenchCardSubject& subject, int reps, Result* result)
+{
+    for (int i = 0; i < reps; ++i)
+    {
+        const long before = subject.Paints();
+        double t0 = 0, t1 = 0;
+        const bool right = Repeat(figure, subject, i, t0, t1);
+        const long painted = subject.Paints() - before;
+        BenchPump();
+        if (result == nullptr)
+            continue;
+        result->ms.push_back(t1 - t0);
+        result->paints += painted;
+        result->unpainted += painted == 0;
+        result->wrong += !right;
+    }
+}
+
+SIZE DefaultSize()
+{
+    const int width = ::GetSystemMetrics(SM_CXSCREEN), height = ::GetSystemMetrics(SM_CYSCREEN);
+    return SIZE{ width < 1280 ? width : 1280, height < 800 ? height : 800 };
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    BenchOptions options;
+    if (!BenchParseOptions(argc, argv, true, options))
+    {
+        std::fprintf(stderr, "usage: bench_cards [--size WxH] [--rounds N] [--reps N] [--warmup N] "
+                             "[--only ours|peer|floor|ours1k] [--figure repaint|scroll|sort|click]\n");
+        return 2;
+    }
+    INITCOMMONCONTROLSEX icc = { sizeof icc, ICC_LISTVIEW_CLASSES };
+    if (!::InitCommonControlsEx(&icc))
+    {
+        std::fprintf(stderr, "bench_cards: InitCommonControlsEx failed\n");
+        return 2;
+    }
+    const SIZE size = options.size.cx > 0 ? options.size : DefaultSize();
+    const int screenWidth = ::GetSystemMetrics(SM_CXSCREEN), screenHeight = ::GetSystemMetrics(SM_CYSCREEN);
+    if (size.cx > screenWidth || size.cy > screenHeight)
+    {
+        // Parts of a window beyond the screen are clipped and would not paint.
+        std::fprintf(stderr, "bench_cards: %ld x %ld does not fit the %d x %d screen\n", size.cx, size.cy,
+                     screenWidth, screenHeight);
+        return 2;
+    }
+    std::unique_ptr<BenchCardSubject> ours = BenchCreateOurCards(size, kCards, "ours");
+    std::unique_ptr<BenchCardSubject> peer = BenchCreatePeerList(size, kCards);
+    std::unique_ptr<BenchCardSubject> floor = BenchCreateFloor(size);
+    std::unique_ptr<BenchCardSubject> few = BenchCreateOurCards(size, kFewCards, "ours1k");
+    if (!ours || !peer || !floor || !few)
+    {
+        // Seen when the wineserver still runs from the prefix's creation,
+        // before the display driver was chosen: `wineserver -w`, then again.
+        std::fprintf(stderr, "bench_cards: cannot create the %s (error %lu)\n",
+                     !ours ? "card view" : !peer ? "list view" : !floor ? "floor window" : "small card view",
+                     ::GetLastError());
+        return 2;
+    }
+    BenchCardSubject* const subjects[] = { ours.get(), peer.get(), floor.get(), few.get() };
+    const int subjectCount = 4;
+    for (BenchCardSubject* s : subjects)
+        ::ShowWindow(s->Host(), SW_SHOWNOACTIVATE);
+    BenchPump();
+
+    BenchPrintVersions();
+    std::printf("%d cards (and %d for the click's comparison) in %ld x %ld client pixels on a %d x %d screen\n",
+                kCards, kFewCards, size.cx, size.cy, screenWidth, screenHeight);
+    std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
+                options.reps, options.warmup);
+
+    Result results[kFigureCount][4];
+    for (int round = -options.warmup; round < options.rounds; ++round)
+    {
+        const int rotation = (round + options.warmup) % subjectCount;
+        for (int figure = 0; figure < kFigureCount; ++figure)
+            for (int k = 0; k < subjectCount; ++k)
+            {
+                const int index = (k + rotation) % subjectCount;
+                BenchCardSubject& subject = *subjects[index];
+                if (!kTakesPart[figure][index] ||
+                    (options.only != nullptr && std::strcmp(options.only, subject.Name()) != 0) ||
+                    (options.figure != nullptr && std::strcmp(options.figure, kFigureOptions[figure]) != 0))
+                    continue;
+                Result* result = round >= 0 ? &results[figure][index] : nullptr;
+                Result ignored;
+                Prepare(subject, result != nullptr ? *result : ignored);
+                Measure(static_cast<Figure>(figure), subject, options.reps, result);
+            }
+    }
+
+    BenchPrintHeader();
+    bool sound = true;
+    for (int figure = 0; figure < kFigureCount; ++figure)
+    {
+        const char* label = kFigureNames[figure];
+        for (int index = 0; index < subjectCount; ++index)
+        {
+            const Result& r = results[figure][index];
+            if (r.ms.empty())
+                continue;
+            BenchPrintRow(label, subjects[index]->Name(), r.ms, r.paints, "");
+            label = "";
+            if (r.unpainted > 0 || r.wrong > 0 || r.hidden > 0)
+            {
+                sound = false;
+                std::printf("  ! %s, %s: %d repetitions without a paint, %d that did not do their work, "
+                            "%d batches partly hidden\n",
+                            kFigureNames[figure], subjects[index]->Name(), r.unpainted, r.wrong, r.hidden);
+            }
+        }
+    }
+    auto median = [&](int figure, int index) { return BenchSummarise(results[figure][index].ms).median; };
+    if (options.only == nullptr && options.figure == nullptr)
+    {
+        std::printf("\ncards ours/peer (medians): full repaint %.2f, one-row scroll %.2f\n",
+                    median(kRepaint, 0) / median(kRepaint, 1), median(kScroll, 0) / median(kScroll, 1));
+        std::printf("ours/floor (full repaint) %.1f; sort of %d shuffled cards, repaint included: %.1f ms (median); "
+                    "click-to-select %d/%d cards (medians) %.2f\n",
+                    median(kRepaint, 0) / median(kRepaint, 2), kCards, median(kSort, 0), kCards, kFewCards,
+                    median(kClick, 0) / median(kClick, 3));
+    }
+    if (!sound)
+        std::printf("\nsome repetitions timed nothing or did not do their work (marked !): the figures above are "
+                    "not comparable\n");
+
+    few.reset();
+    floor.reset();
+    peer.reset();
+    ours.reset();
+    return sound ? 0 : 1;
+}

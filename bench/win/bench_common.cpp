@@ -1,0 +1,117 @@
+#include "bench_common.h"
+
+#include <commctrl.h>
+#include <shlwapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "bench_stats.h"
+
+bool BenchParseOptions(int argc, char** argv, bool takesSizeAndFigure, BenchOptions& options)
+{
+    for (int i = 1; i < argc; ++i)
+    {
+        if (std::strcmp(argv[i], "--only") == 0 && i + 1 < argc)
+        {
+            options.only = argv[++i];
+            continue;
+        }
+        if (takesSizeAndFigure && std::strcmp(argv[i], "--figure") == 0 && i + 1 < argc)
+        {
+            options.figure = argv[++i];
+            continue;
+        }
+        if (takesSizeAndFigure && std::strcmp(argv[i], "--size") == 0 && i + 1 < argc)
+        {
+            long width = 0, height = 0;
+            if (std::sscanf(argv[++i], "%ldx%ld", &width, &height) != 2 || width < 64 || height < 64)
+                return false;
+            options.size = SIZE{ width, height };
+            continue;
+        }
+        int* target = nullptr;
+        if (std::strcmp(argv[i], "--rounds") == 0)
+            target = &options.rounds;
+        else if (std::strcmp(argv[i], "--reps") == 0)
+            target = &options.reps;
+        else if (std::strcmp(argv[i], "--warmup") == 0)
+            target = &options.warmup;
+        if (target == nullptr || i + 1 >= argc || std::atoi(argv[i + 1]) < (target == &options.warmup ? 0 : 1))
+            return false;
+        *target = std::atoi(argv[++i]);
+    }
+    return true;
+}
+
+double BenchNow()
+{
+    static LARGE_INTEGER frequency = [] {
+        LARGE_INTEGER f;
+        ::QueryPerformanceFrequency(&f);
+        return f;
+    }();
+    LARGE_INTEGER t;
+    ::QueryPerformanceCounter(&t);
+    return static_cast<double>(t.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
+}
+
+void BenchPump()
+{
+    MSG msg;
+    while (::PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE))
+    {
+        ::TranslateMessage(&msg);
+        ::DispatchMessage(&msg);
+    }
+}
+
+bool BenchFullyVisible(HWND hwnd)
+{
+    RECT expected;
+    ::GetClientRect(hwnd, &expected);
+    HRGN shape = ::CreateRectRgn(0, 0, 0, 0);
+    if (::GetWindowRgn(hwnd, shape) != ERROR)
+    {
+        RECT box;
+        ::GetRgnBox(shape, &box);
+        ::IntersectRect(&expected, &expected, &box);
+    }
+    ::DeleteObject(shape);
+    HDC dc = ::GetDC(hwnd);
+    RECT clip = {};
+    ::GetClipBox(dc, &clip);
+    ::ReleaseDC(hwnd, dc);
+    return ::EqualRect(&clip, &expected) != FALSE;
+}
+
+void BenchPrintVersions()
+{
+    using WineVersionFn = const char*(CDECL*)();
+    HMODULE ntdll = ::GetModuleHandle("ntdll.dll");
+    auto wine = ntdll != nullptr ? reinterpret_cast<WineVersionFn>(::GetProcAddress(ntdll, "wine_get_version")) : nullptr;
+    if (wine != nullptr)
+        std::printf("Wine %s, ", wine());
+    HMODULE comctl = ::GetModuleHandle("comctl32.dll");
+    auto getVersion =
+        comctl != nullptr ? reinterpret_cast<DLLGETVERSIONPROC>(::GetProcAddress(comctl, "DllGetVersion")) : nullptr;
+    DLLVERSIONINFO info = {};
+    info.cbSize = sizeof info;
+    if (getVersion != nullptr && SUCCEEDED(getVersion(&info)))
+        std::printf("comctl32 %lu.%lu", info.dwMajorVersion, info.dwMinorVersion);
+    std::printf("\n");
+}
+
+void BenchPrintHeader()
+{
+    std::printf("%-15s %-6s %8s %8s %8s %8s %8s %9s\n", "figure", "who", "median", "min", "q1", "q3", "max",
+                "paints/op");
+}
+
+void BenchPrintRow(const char* figure, const char* name, const std::vector<double>& ms, long paints, const char* mark)
+{
+    const BenchSpread s = BenchSummarise(ms);
+    std::printf("%-15s %-6s %8.3f %8.3f %8.3f %8.3f %8.3f %9.2f%s\n", figure, name, s.median, s.min, s.q1, s.q3,
+                s.max, s.count > 0 ? static_cast<double>(paints) / s.count : 0.0, mark);
+}
