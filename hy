@@ -7,8 +7,10 @@
 #   ./hy build     setup + build both builds
 #   ./hy bench     setup, build the benchmarks, run them: the native ones
 #                  (Google Benchmark, callgrind) and, under Wine, the date
-#                  picker against the month calendar (docs/benchmarks.md);
-#                  further arguments go to bench_datepicker.exe
+#                  picker against the month calendar and the card view
+#                  against the list view, at 1024 x 768 on the null driver
+#                  and at 1280 x 800 on Xvfb (docs/benchmarks.md); further
+#                  arguments go to bench_datepicker.exe
 #   ./hy fuzz [s]  setup, build the libFuzzer targets (tests/fuzz/) and fuzz
 #                  each for s seconds (default 60); new inputs are kept in
 #                  build/native/fuzz-corpus/, findings in build/native/fuzz-findings/
@@ -52,7 +54,7 @@ build_bench() {
   cmake --build "$build/native" -j "$jobs" --target bench_calmonth calmonth_driver
   cmake -S "$root" -B "$build/win" -G Ninja -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" >/dev/null
-  cmake --build "$build/win" -j "$jobs" --target bench_datepicker
+  cmake --build "$build/win" -j "$jobs" --target bench_datepicker bench_cards
 }
 
 # One wineserver for the whole run, so each suite starts in about a second.
@@ -101,6 +103,19 @@ case "$cmd" in
     sh "$root/bench/native/callgrind_calmonth.sh" "$build/native"
     echo "== date picker against the month calendar (Wine) =="
     "$root/cmake/wine-run.sh" "$build/win/bin/bench_datepicker.exe" "${@:2}"
+    echo "== card view against the list view, 1024 x 768, null driver (Wine) =="
+    "$root/cmake/wine-run.sh" "$build/win/bin/bench_cards.exe" --size 1024x768
+    # 1280 x 800 does not fit the null driver's screen: the X11 driver on a
+    # virtual X server of its own, with the X11 prefix and its own wineserver.
+    wineserver -k 2>/dev/null || true
+    echo "== card view against the list view, 1280 x 800, X11 driver on Xvfb (Wine) =="
+    xvfb-run -a -s "-screen 0 1280x800x24 -nolisten tcp" "$root/hy" bench-cards-x11
+    ;;
+  bench-cards-x11)
+    # Inside ./hy bench's virtual X server (DISPLAY set by xvfb-run).
+    export HY_WINE_DRIVER=x11
+    start_wineserver
+    "$root/cmake/wine-run.sh" "$build/win/bin/bench_cards.exe" --size 1280x800 "${@:2}"
     ;;
   fuzz)
     setup
