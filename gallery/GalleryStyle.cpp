@@ -57,6 +57,14 @@ int LineHeight()
     return height;
 }
 
+void DrawPageTitle(CDC& dc, LPCTSTR text)
+{
+    CDCSelect font(dc, TitleFont());
+    dc.SetBkMode(TRANSPARENT);
+    dc.SetTextColor(Text());
+    dc.TextOut(kMargin, kMargin, text, (int)_tcslen(text));
+}
+
 int DrawSectionHeading(CDC& dc, int x, int y, int width, LPCTSTR text)
 {
     CDCSelect font(dc, SectionFont());

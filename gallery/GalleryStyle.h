@@ -29,6 +29,8 @@ constexpr int kMargin = 24;
 constexpr int kGap = 12;
 constexpr int kSidebarWidth = 196;
 
+// Draws the page's title at the top left of the page.
+void DrawPageTitle(CDC& dc, LPCTSTR text);
 // Draws a section heading with a rule under it across width; returns the y
 // below it.
 int DrawSectionHeading(CDC& dc, int x, int y, int width, LPCTSTR text);

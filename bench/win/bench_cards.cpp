@@ -49,14 +49,7 @@ const bool kTakesPart[kFigureCount][4] = {
     { true, false, false, true },
 };
 
-struct Result
-{
-    std::vector<double> ms;
-    long paints = 0;
-    int unpainted = 0;   // timed repetitions without a WM_PAINT
-    int wrong = 0;       // a scroll that did not move, a sort out of order, a click that did not select
-    int hidden = 0;      // batches in which the control was not fully visible
-};
+using Result = BenchResult;
 
 // Brings the subject to the top, focuses it, scrolls it back to the first row
 // and lets everything pending paint.
@@ -125,12 +118,7 @@ void Measure(Figure figure, BenchCardSubject& subject, int reps, Result* result)
         const bool right = Repeat(figure, subject, i, t0, t1);
         const long painted = subject.Paints() - before;
         BenchPump();
-        if (result == nullptr)
-            continue;
-        result->ms.push_back(t1 - t0);
-        result->paints += painted;
-        result->unpainted += painted == 0;
-        result->wrong += !right;
+        BenchRecord(result, t1 - t0, painted, right);
     }
 }
 
@@ -191,48 +179,27 @@ int main(int argc, char** argv)
     std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
                 options.reps, options.warmup);
 
-    Result results[kFigureCount][4];
-    for (int round = -options.warmup; round < options.rounds; ++round)
-    {
-        const int rotation = (round + options.warmup) % subjectCount;
-        for (int figure = 0; figure < kFigureCount; ++figure)
-            for (int k = 0; k < subjectCount; ++k)
-            {
-                const int index = (k + rotation) % subjectCount;
-                BenchCardSubject& subject = *subjects[index];
-                if (!kTakesPart[figure][index] ||
-                    (options.only != nullptr && std::strcmp(options.only, subject.Name()) != 0) ||
-                    (options.figure != nullptr && std::strcmp(options.figure, kFigureOptions[figure]) != 0))
-                    continue;
-                Result* result = round >= 0 ? &results[figure][index] : nullptr;
-                Result ignored;
-                Prepare(subject, result != nullptr ? *result : ignored);
-                Measure(static_cast<Figure>(figure), subject, options.reps, result);
-            }
-    }
+    std::vector<BenchResult> results(kFigureCount * subjectCount);
+    BenchRounds(
+        options, kFigureCount, subjectCount,
+        [&](int figure, int index) {
+            return kTakesPart[figure][index] &&
+                   (options.only == nullptr || std::strcmp(options.only, subjects[index]->Name()) == 0) &&
+                   (options.figure == nullptr || std::strcmp(options.figure, kFigureOptions[figure]) == 0);
+        },
+        [&](int figure, int index, bool measured) {
+            Result* result = measured ? &results[figure * subjectCount + index] : nullptr;
+            Result ignored;
+            Prepare(*subjects[index], result != nullptr ? *result : ignored);
+            Measure(static_cast<Figure>(figure), *subjects[index], options.reps, result);
+        });
 
-    BenchPrintHeader();
-    bool sound = true;
-    for (int figure = 0; figure < kFigureCount; ++figure)
-    {
-        const char* label = kFigureNames[figure];
-        for (int index = 0; index < subjectCount; ++index)
-        {
-            const Result& r = results[figure][index];
-            if (r.ms.empty())
-                continue;
-            BenchPrintRow(label, subjects[index]->Name(), r.ms, r.paints, "");
-            label = "";
-            if (r.unpainted > 0 || r.wrong > 0 || r.hidden > 0)
-            {
-                sound = false;
-                std::printf("  ! %s, %s: %d repetitions without a paint, %d that did not do their work, "
-                            "%d batches partly hidden\n",
-                            kFigureNames[figure], subjects[index]->Name(), r.unpainted, r.wrong, r.hidden);
-            }
-        }
-    }
-    auto median = [&](int figure, int index) { return BenchSummarise(results[figure][index].ms).median; };
+    const char* const names[] = { ours->Name(), peer->Name(), floor->Name(), few->Name() };
+    const bool sound = BenchPrintResults(results, kFigureCount, subjectCount, kFigureNames, names,
+                                         "that did not do their work", [](int, int) { return ""; });
+    auto median = [&](int figure, int index) {
+        return BenchSummarise(results[figure * subjectCount + index].ms).median;
+    };
     if (options.only == nullptr && options.figure == nullptr)
     {
         std::printf("\ncards ours/peer (medians): full repaint %.2f, one-row scroll %.2f\n",

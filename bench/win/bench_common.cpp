@@ -90,7 +90,8 @@ void BenchPrintVersions()
 {
     using WineVersionFn = const char*(CDECL*)();
     HMODULE ntdll = ::GetModuleHandle("ntdll.dll");
-    auto wine = ntdll != nullptr ? reinterpret_cast<WineVersionFn>(::GetProcAddress(ntdll, "wine_get_version")) : nullptr;
+    auto wine =
+        ntdll != nullptr ? reinterpret_cast<WineVersionFn>(::GetProcAddress(ntdll, "wine_get_version")) : nullptr;
     if (wine != nullptr)
         std::printf("Wine %s, ", wine());
     HMODULE comctl = ::GetModuleHandle("comctl32.dll");
@@ -114,4 +115,58 @@ void BenchPrintRow(const char* figure, const char* name, const std::vector<doubl
     const BenchSpread s = BenchSummarise(ms);
     std::printf("%-15s %-6s %8.3f %8.3f %8.3f %8.3f %8.3f %9.2f%s\n", figure, name, s.median, s.min, s.q1, s.q3,
                 s.max, s.count > 0 ? static_cast<double>(paints) / s.count : 0.0, mark);
+}
+
+void BenchRecord(BenchResult* result, double ms, long painted, bool right)
+{
+    if (result == nullptr)
+        return;
+    result->ms.push_back(ms);
+    result->paints += painted;
+    result->unpainted += painted == 0;
+    result->wrong += !right;
+}
+
+void BenchRounds(const BenchOptions& options, int figures, int subjects,
+                 const std::function<bool(int figure, int subject)>& takesPart,
+                 const std::function<void(int figure, int subject, bool measured)>& batch)
+{
+    for (int round = -options.warmup; round < options.rounds; ++round)
+    {
+        const int rotation = (round + options.warmup) % subjects;
+        for (int figure = 0; figure < figures; ++figure)
+            for (int k = 0; k < subjects; ++k)
+            {
+                const int index = (k + rotation) % subjects;
+                if (takesPart(figure, index))
+                    batch(figure, index, round >= 0);
+            }
+    }
+}
+
+bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, int subjects,
+                       const char* const* figureNames, const char* const* subjectNames, const char* wrongWhat,
+                       const std::function<const char*(int figure, int subject)>& mark)
+{
+    BenchPrintHeader();
+    bool sound = true;
+    for (int figure = 0; figure < figures; ++figure)
+    {
+        const char* label = figureNames[figure];
+        for (int index = 0; index < subjects; ++index)
+        {
+            const BenchResult& r = results[figure * subjects + index];
+            if (r.ms.empty())
+                continue;
+            BenchPrintRow(label, subjectNames[index], r.ms, r.paints, mark(figure, index));
+            label = "";
+            if (r.unpainted > 0 || r.wrong > 0 || r.hidden > 0)
+            {
+                sound = false;
+                std::printf("  ! %s, %s: %d repetitions without a paint, %d %s, %d batches partly hidden\n",
+                            figureNames[figure], subjectNames[index], r.unpainted, r.wrong, wrongWhat, r.hidden);
+            }
+        }
+    }
+    return sound;
 }

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <vector>
 
 struct BenchOptions
@@ -38,3 +39,34 @@ void BenchPrintVersions();
 // paints per operation, then `mark`.
 void BenchPrintRow(const char* figure, const char* name, const std::vector<double>& ms, long paints, const char* mark);
 void BenchPrintHeader();
+
+// What one subject gave for one figure.
+struct BenchResult
+{
+    std::vector<double> ms;
+    long paints = 0;
+    int unpainted = 0;   // timed repetitions without a WM_PAINT
+    int wrong = 0;       // repetitions that did not do their work (a benchmark says which)
+    int hidden = 0;      // batches in which the control was not fully visible
+};
+
+// Adds one timed repetition to `result` (nothing when it is null).
+void BenchRecord(BenchResult* result, double ms, long painted, bool right);
+
+// Warm-up rounds, then measured rounds; in each, every figure for every
+// subject in turn, the subjects' order rotating from round to round so that
+// a slow phase of the machine falls on all of them. `batch(figure, subject,
+// measured)` prepares and times one batch, recording it when `measured`
+// (not in warm-up rounds). `takesPart` says whether a subject has a figure.
+void BenchRounds(const BenchOptions& options, int figures, int subjects,
+                 const std::function<bool(int figure, int subject)>& takesPart,
+                 const std::function<void(int figure, int subject, bool measured)>& batch);
+
+// Prints the table of results[figure * subjects + subject] (empty ones
+// skipped), each row with its mark, and a "!" line under every row whose
+// repetitions did not all paint, do their work (`wrongWhat`, e.g. "steps
+// that did not move the day") and see the whole control. Answers whether
+// none did.
+bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, int subjects,
+                       const char* const* figureNames, const char* const* subjectNames, const char* wrongWhat,
+                       const std::function<const char*(int figure, int subject)>& mark);

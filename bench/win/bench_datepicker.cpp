@@ -34,15 +34,7 @@ enum Figure
 
 const char* const kFigureNames[kFigureCount] = { "full repaint", "arrow-key step" };
 
-// What one subject gave for one figure.
-struct Result
-{
-    std::vector<double> ms;
-    long paints = 0;
-    int unpainted = 0;   // timed repetitions without a WM_PAINT
-    int unmoved = 0;     // steps after which the highlight was not on the next day
-    int hidden = 0;      // batches in which the control was not fully visible
-};
+using Result = BenchResult;
 
 // Brings the subject to the top, focuses its control, puts the highlight on
 // the start day and lets everything pending paint.
@@ -68,11 +60,7 @@ void MeasureRepaint(BenchSubject& subject, int reps, Result* result)
         const double t1 = BenchNow();
         const long painted = subject.Paints() - before;
         BenchPump();
-        if (result == nullptr)
-            continue;
-        result->ms.push_back(t1 - t0);
-        result->paints += painted;
-        result->unpainted += painted == 0;
+        BenchRecord(result, t1 - t0, painted, true);
     }
 }
 
@@ -93,12 +81,7 @@ void MeasureStep(BenchSubject& subject, const BenchDays& days, int reps, Result*
         const bool moved = subject.GetHighlight(now) && BenchSameDay(now, next);
         BenchPump();
         day = next;
-        if (result == nullptr)
-            continue;
-        result->ms.push_back(t1 - t0);
-        result->paints += painted;
-        result->unpainted += painted == 0;
-        result->unmoved += !moved;
+        BenchRecord(result, t1 - t0, painted, moved);
     }
 }
 
@@ -188,56 +171,39 @@ int main(int argc, char** argv)
     std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
                 options.reps, options.warmup);
 
-    Result results[kFigureCount][3];
-    for (int round = -options.warmup; round < options.rounds; ++round)
-    {
-        const int rotation = (round + options.warmup) % subjectCount;
-        for (int figure = 0; figure < kFigureCount; ++figure)
-            for (int k = 0; k < subjectCount; ++k)
-            {
-                const int index = (k + rotation) % subjectCount;
-                BenchSubject& subject = *subjects[index];
-                if ((figure == kStep && !subject.HasStep()) ||
-                    (options.only != nullptr && std::strcmp(options.only, subject.Name()) != 0))
-                    continue;
-                Result* result = round >= 0 ? &results[figure][index] : nullptr;
-                Result ignored;
-                Prepare(subject, days, result != nullptr ? *result : ignored);
-                if (figure == kRepaint)
-                    MeasureRepaint(subject, options.reps, result);
-                else
-                    MeasureStep(subject, days, options.reps, result);
-            }
-    }
+    std::vector<BenchResult> results(kFigureCount * subjectCount);
+    BenchRounds(
+        options, kFigureCount, subjectCount,
+        [&](int figure, int index) {
+            return (figure != kStep || subjects[index]->HasStep()) &&
+                   (options.only == nullptr || std::strcmp(options.only, subjects[index]->Name()) == 0);
+        },
+        [&](int figure, int index, bool measured) {
+            BenchSubject& subject = *subjects[index];
+            Result* result = measured ? &results[figure * subjectCount + index] : nullptr;
+            Result ignored;
+            Prepare(subject, days, result != nullptr ? *result : ignored);
+            if (figure == kRepaint)
+                MeasureRepaint(subject, options.reps, result);
+            else
+                MeasureStep(subject, days, options.reps, result);
+        });
 
-    BenchPrintHeader();
-    bool sound = true;
-    for (int figure = 0; figure < kFigureCount; ++figure)
-    {
-        const char* label = kFigureNames[figure];
-        for (int index = 0; index < subjectCount; ++index)
-        {
-            const Result& r = results[figure][index];
-            if (r.ms.empty())
-                continue;
-            const bool stepBySetCurSel = figure == kStep && subjects[index] == peer.get() && !peer->ArrowKeysMove();
-            BenchPrintRow(label, subjects[index]->Name(), r.ms, r.paints, stepBySetCurSel ? " *" : "");
-            label = "";
-            if (r.unpainted > 0 || r.unmoved > 0 || r.hidden > 0)
-            {
-                sound = false;
-                std::printf("  ! %s, %s: %d repetitions without a paint, %d steps that did not move the day, "
-                            "%d batches partly hidden\n",
-                            kFigureNames[figure], subjects[index]->Name(), r.unpainted, r.unmoved, r.hidden);
-            }
-        }
-    }
-    auto median = [&](int figure, int index) { return BenchSummarise(results[figure][index].ms).median; };
+    const char* const names[] = { ours->Name(), peer->Name(), floor->Name() };
+    // The peer's step by MCM_SETCURSEL is marked "*".
+    const auto mark = [&](int figure, int index) {
+        return figure == kStep && index == 1 && !peer->ArrowKeysMove() ? " *" : "";
+    };
+    const bool sound = BenchPrintResults(results, kFigureCount, subjectCount, kFigureNames, names,
+                                         "steps that did not move the day", mark);
+    auto median = [&](int figure, int index) {
+        return BenchSummarise(results[figure * subjectCount + index].ms).median;
+    };
     if (options.only == nullptr)
         std::printf("\nours/peer (medians): full repaint %.2f, arrow-key step %.2f%s; ours/floor (full repaint) %.1f\n",
                     median(kRepaint, 0) / median(kRepaint, 1), median(kStep, 0) / median(kStep, 1),
                     peer->ArrowKeysMove() ? "" : " *", median(kRepaint, 0) / median(kRepaint, 2));
-    if (!peer->ArrowKeysMove() && !results[kStep][1].ms.empty())
+    if (!peer->ArrowKeysMove() && !results[kStep * subjectCount + 1].ms.empty())
         std::printf("* this month calendar ignores VK_RIGHT; its step is MCM_SETCURSEL to the next day, "
                     "then UpdateWindow\n");
     if (!sound)

@@ -474,11 +474,7 @@ void CCalendarPage::Paint(CDC& dc, const CRect&)
     using namespace GalleryStyle;
     const int line = LineHeight();
     const int width = ContentWidth();
-    {
-        CDCSelect font(dc, TitleFont());
-        dc.SetTextColor(Text());
-        dc.TextOut(kMargin, kMargin, _T("Calendar"), 8);
-    }
+    DrawPageTitle(dc, _T("Calendar"));
     {
         CString intro = _T("Three months with event marks; the page answers the tooltip requests and logs every "
                            "message the picker sends it.");

@@ -216,10 +216,7 @@ protected:
     {
         (void)rcContent;
         using namespace GalleryStyle;
-        dc.SelectObject(TitleFont());
-        dc.SetTextColor(Text());
-        dc.SetBkMode(TRANSPARENT);
-        dc.TextOut(kMargin, kMargin, _T("Address cards"));
+        DrawPageTitle(dc, _T("Address cards"));
         const int width = ViewWidth(3, 220);
         DrawSectionHeading(dc, kMargin, kTop, width,
                            _T("CHyCardView: eight contacts, check boxes, a multiple selection"));
@@ -296,10 +293,7 @@ protected:
     {
         (void)rcContent;
         using namespace GalleryStyle;
-        dc.SelectObject(TitleFont());
-        dc.SetTextColor(Text());
-        dc.SetBkMode(TRANSPARENT);
-        dc.TextOut(kMargin, kMargin, _T("Photo cards"));
+        DrawPageTitle(dc, _T("Photo cards"));
         const int width = ViewWidth(4, 144);
         DrawSectionHeading(dc, kMargin, kTop, width, _T("CHyPhotoView: pictures drawn by the page, two selected"));
         DrawSectionHeading(dc, kMargin, EmptyTop(), width, _T("An empty view"));

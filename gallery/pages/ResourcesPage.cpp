@@ -419,11 +419,7 @@ void CResourcesPage::Paint(CDC& dc, const CRect&)
     const int line = LineHeight();
     const int contentWidth = ContentWidth();
     int y = kMargin;
-    {
-        CDCSelect font(dc, TitleFont());
-        dc.SetTextColor(Text());
-        dc.TextOut(kMargin, y, _T("Resources"), 9);
-    }
+    DrawPageTitle(dc, _T("Resources"));
     y += 40;
     {
         HMODULE hResource = GalleryLibraryResourceModule();
