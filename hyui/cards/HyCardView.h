@@ -165,6 +165,7 @@ protected:
 
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg void OnDestroy();
     afx_msg void OnPaint();
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
     afx_msg void OnSysColorChange();
@@ -209,9 +210,18 @@ public:
     CArray<CCard, CCard&> cards;
 
 private:
+    // The paint buffer: a memory DC with a bitmap of the client's size, kept
+    // between paints (HyCardViewPaint.cpp).
+    CDC* PaintBuffer(CDC& target, CSize size);
+    void FreePaintBuffer();
+
     const bool photoView;
     int scrollMax = 0;
     std::vector<int> selected;   // the selected indexes, ascending
+    CBitmap paintBitmap;   // before the DC: the DC goes first, letting the bitmap go
+    CDC paintDC;
+    HGDIOBJ paintOldBitmap = nullptr;
+    CSize paintSize;
 };
 
 class HYUI_API CHyCardView : public CHyCardViewBase

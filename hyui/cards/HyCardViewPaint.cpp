@@ -1,8 +1,9 @@
 // Painting of the card views: background, cards (shadow, frames, header,
 // body), the description markup, the photo box, and the default sample
-// card. One paint draws into a memory buffer covering the part of the client
-// area it was asked for, then copies it to the window; only the cards whose
-// cells meet that part are drawn, so a paint costs the visible cards.
+// card. One paint draws into a memory buffer (the client's size, kept between
+// paints), clipped to the part of the client area it was asked for, then
+// copies that part to the window; only the cards whose cells meet it are
+// drawn, so a paint costs the visible cards.
 #include "HyCardView.h"
 #include "HyCardGrid.h"
 #include "HyCardMarkup.h"
@@ -134,13 +135,62 @@ void CHyCardViewBase::OnPaint()
     area = client;
     if (kind != ERROR && !area.IntersectRect(&client, &clip))
         return;
-    CMemDCBuffer buffer(&dc, &area);
-    CDC* pDC = buffer.GetDC();
-    CDCSaveState state(*pDC);
-    DrawBackground(pDC);
-    DrawCards(pDC);
-    if (scrollMax != 0)
-        pDC->FillSolidRect(client.right - 1, 0, 1, client.Height(), kBlack);
+    CDC* buffer = PaintBuffer(dc, client.Size());
+    if (buffer == nullptr) {   // no memory for a buffer: drawn as a buffer of the area would draw it
+        CMemDCBuffer fallback(&dc, &area);
+        CDCSaveState state(*fallback.GetDC());
+        DrawBackground(fallback.GetDC());
+        DrawCards(fallback.GetDC());
+        if (scrollMax != 0)
+            fallback.GetDC()->FillSolidRect(client.right - 1, 0, 1, client.Height(), kBlack);
+        return;
+    }
+    {
+        CDCSaveState state(*buffer);
+        buffer->IntersectClipRect(&area);   // the rows drawn are those that meet it
+        buffer->SetTextColor(dc.GetTextColor());
+        buffer->SetBkColor(dc.GetBkColor());
+        buffer->SetBkMode(dc.GetBkMode());
+        DrawBackground(buffer);
+        DrawCards(buffer);
+        if (scrollMax != 0)
+            buffer->FillSolidRect(client.right - 1, 0, 1, client.Height(), kBlack);
+    }
+    dc.BitBlt(area.left, area.top, area.Width(), area.Height(), buffer, area.left, area.top, SRCCOPY);
+}
+
+// One buffer the size of the client area, made at the first paint of a size
+// and kept: a paint neither allocates nor touches fresh memory for it.
+CDC* CHyCardViewBase::PaintBuffer(CDC& target, CSize size)
+{
+    if (paintDC.m_hDC != nullptr && paintSize == size)
+        return &paintDC;
+    FreePaintBuffer();
+    if (size.cx <= 0 || size.cy <= 0 || !paintDC.CreateCompatibleDC(&target))
+        return nullptr;
+    if (!paintBitmap.CreateCompatibleBitmap(&target, size.cx, size.cy)) {
+        paintDC.DeleteDC();
+        return nullptr;
+    }
+    paintOldBitmap = ::SelectObject(paintDC.m_hDC, paintBitmap.m_hObject);
+    paintSize = size;
+    return &paintDC;
+}
+
+void CHyCardViewBase::FreePaintBuffer()
+{
+    if (paintDC.m_hDC != nullptr) {
+        ::SelectObject(paintDC.m_hDC, paintOldBitmap);
+        paintDC.DeleteDC();
+    }
+    paintBitmap.DeleteObject();
+    paintSize = CSize(0, 0);
+}
+
+void CHyCardViewBase::OnDestroy()
+{
+    FreePaintBuffer();
+    CWnd::OnDestroy();
 }
 
 void CHyCardViewBase::DrawBackground(CDC* pDC)
