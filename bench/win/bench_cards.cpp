@@ -49,21 +49,6 @@ const bool kTakesPart[kFigureCount][4] = {
     { true, false, false, true },
 };
 
-using Result = BenchResult;
-
-// Brings the subject to the top, focuses it, scrolls it back to the first row
-// and lets everything pending paint.
-void Prepare(BenchCardSubject& subject, Result& result)
-{
-    ::SetWindowPos(subject.Host(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    ::SetFocus(subject.Control());
-    subject.ScrollToTop();
-    ::RedrawWindow(subject.Host(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-    BenchPump();
-    if (!BenchFullyVisible(subject.Control()))
-        ++result.hidden;
-}
-
 // One repetition of a figure; answers whether it did what it should. Work
 // outside [t0, t1] (a shuffle, the checks) is not timed.
 bool Repeat(Figure figure, BenchCardSubject& subject, int rep, double& t0, double& t1)
@@ -109,7 +94,7 @@ bool Repeat(Figure figure, BenchCardSubject& subject, int rep, double& t0, doubl
     }
 }
 
-void Measure(Figure figure, BenchCardSubject& subject, int reps, Result* result)
+void Measure(Figure figure, BenchCardSubject& subject, int reps, BenchResult* result)
 {
     for (int i = 0; i < reps; ++i)
     {
@@ -167,9 +152,10 @@ int main(int argc, char** argv)
                      ::GetLastError());
         return 2;
     }
-    BenchCardSubject* const subjects[] = { ours.get(), peer.get(), floor.get(), few.get() };
+    BenchCardSubject* const cards[] = { ours.get(), peer.get(), floor.get(), few.get() };
+    BenchSubject* const subjects[] = { ours.get(), peer.get(), floor.get(), few.get() };
     const int subjectCount = 4;
-    for (BenchCardSubject* s : subjects)
+    for (BenchSubject* s : subjects)
         ::ShowWindow(s->Host(), SW_SHOWNOACTIVATE);
     BenchPump();
 
@@ -179,23 +165,18 @@ int main(int argc, char** argv)
     std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
                 options.reps, options.warmup);
 
-    std::vector<BenchResult> results(kFigureCount * subjectCount);
-    BenchRounds(
-        options, kFigureCount, subjectCount,
+    const std::vector<BenchResult> results = BenchRounds(
+        options, kFigureCount, subjects, subjectCount,
         [&](int figure, int index) {
             return kTakesPart[figure][index] &&
-                   (options.only == nullptr || std::strcmp(options.only, subjects[index]->Name()) == 0) &&
                    (options.figure == nullptr || std::strcmp(options.figure, kFigureOptions[figure]) == 0);
         },
-        [&](int figure, int index, bool measured) {
-            Result* result = measured ? &results[figure * subjectCount + index] : nullptr;
-            Result ignored;
-            Prepare(*subjects[index], result != nullptr ? *result : ignored);
-            Measure(static_cast<Figure>(figure), *subjects[index], options.reps, result);
+        [&](int index) { cards[index]->ScrollToTop(); },
+        [&](int figure, int index, BenchResult* result) {
+            Measure(static_cast<Figure>(figure), *cards[index], options.reps, result);
         });
 
-    const char* const names[] = { ours->Name(), peer->Name(), floor->Name(), few->Name() };
-    const bool sound = BenchPrintResults(results, kFigureCount, subjectCount, kFigureNames, names,
+    const bool sound = BenchPrintResults(results, kFigureCount, subjects, subjectCount, kFigureNames,
                                          "that did not do their work", [](int, int) { return ""; });
     auto median = [&](int figure, int index) {
         return BenchSummarise(results[figure * subjectCount + index].ms).median;

@@ -62,13 +62,12 @@ public:
 
     bool Shuffle(unsigned seed) override
     {
-        const int count = m_view.GetCardCount();
-        m_keys.resize(count);
-        for (int i = 0; i < count; ++i)
-            m_keys[i] = i;
-        std::shuffle(m_keys.begin(), m_keys.end(), std::mt19937(seed));
-        for (int i = 0; i < count; ++i)
-            m_view.GetCard(i)->pData = reinterpret_cast<void*>(static_cast<INT_PTR>(m_keys[i]));
+        std::vector<int> keys(m_view.GetCardCount());
+        for (size_t i = 0; i < keys.size(); ++i)
+            keys[i] = static_cast<int>(i);
+        std::shuffle(keys.begin(), keys.end(), std::mt19937(seed));
+        for (size_t i = 0; i < keys.size(); ++i)
+            m_view.SetCardData(static_cast<int>(i), reinterpret_cast<void*>(static_cast<INT_PTR>(keys[i])));
         return true;
     }
 
@@ -102,7 +101,6 @@ private:
     const char* m_name;
     CWnd m_hostWnd;
     BenchCardView m_view;
-    std::vector<int> m_keys;
 };
 
 } // namespace

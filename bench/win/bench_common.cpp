@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "bench_stats.h"
+#include "bench_subjects.h"
 
 bool BenchParseOptions(int argc, char** argv, bool takesSizeAndFigure, BenchOptions& options)
 {
@@ -127,25 +128,40 @@ void BenchRecord(BenchResult* result, double ms, long painted, bool right)
     result->wrong += !right;
 }
 
-void BenchRounds(const BenchOptions& options, int figures, int subjects,
-                 const std::function<bool(int figure, int subject)>& takesPart,
-                 const std::function<void(int figure, int subject, bool measured)>& batch)
+std::vector<BenchResult> BenchRounds(const BenchOptions& options, int figures, BenchSubject* const* subjects,
+                                     int count, const std::function<bool(int figure, int subject)>& takesPart,
+                                     const std::function<void(int subject)>& reset,
+                                     const std::function<void(int figure, int subject, BenchResult* result)>& measure)
 {
+    std::vector<BenchResult> results(figures * count);
     for (int round = -options.warmup; round < options.rounds; ++round)
     {
-        const int rotation = (round + options.warmup) % subjects;
+        const int rotation = (round + options.warmup) % count;
         for (int figure = 0; figure < figures; ++figure)
-            for (int k = 0; k < subjects; ++k)
+            for (int k = 0; k < count; ++k)
             {
-                const int index = (k + rotation) % subjects;
-                if (takesPart(figure, index))
-                    batch(figure, index, round >= 0);
+                const int index = (k + rotation) % count;
+                BenchSubject& subject = *subjects[index];
+                if (!takesPart(figure, index) ||
+                    (options.only != nullptr && std::strcmp(options.only, subject.Name()) != 0))
+                    continue;
+                BenchResult ignored;
+                BenchResult* result = round >= 0 ? &results[figure * count + index] : nullptr;
+                ::SetWindowPos(subject.Host(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+                ::SetFocus(subject.Control());
+                reset(index);
+                ::RedrawWindow(subject.Host(), nullptr, nullptr,
+                               RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+                BenchPump();
+                (result != nullptr ? *result : ignored).hidden += !BenchFullyVisible(subject.Control());
+                measure(figure, index, result);
             }
     }
+    return results;
 }
 
-bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, int subjects,
-                       const char* const* figureNames, const char* const* subjectNames, const char* wrongWhat,
+bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, BenchSubject* const* subjects, int count,
+                       const char* const* figureNames, const char* wrongWhat,
                        const std::function<const char*(int figure, int subject)>& mark)
 {
     BenchPrintHeader();
@@ -153,18 +169,19 @@ bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, int
     for (int figure = 0; figure < figures; ++figure)
     {
         const char* label = figureNames[figure];
-        for (int index = 0; index < subjects; ++index)
+        for (int index = 0; index < count; ++index)
         {
-            const BenchResult& r = results[figure * subjects + index];
+            const BenchResult& r = results[figure * count + index];
             if (r.ms.empty())
                 continue;
-            BenchPrintRow(label, subjectNames[index], r.ms, r.paints, mark(figure, index));
+            const char* name = subjects[index]->Name();
+            BenchPrintRow(label, name, r.ms, r.paints, mark(figure, index));
             label = "";
             if (r.unpainted > 0 || r.wrong > 0 || r.hidden > 0)
             {
                 sound = false;
                 std::printf("  ! %s, %s: %d repetitions without a paint, %d %s, %d batches partly hidden\n",
-                            figureNames[figure], subjectNames[index], r.unpainted, r.wrong, wrongWhat, r.hidden);
+                            figureNames[figure], name, r.unpainted, r.wrong, wrongWhat, r.hidden);
             }
         }
     }

@@ -53,20 +53,26 @@ struct BenchResult
 // Adds one timed repetition to `result` (nothing when it is null).
 void BenchRecord(BenchResult* result, double ms, long painted, bool right);
 
-// Warm-up rounds, then measured rounds; in each, every figure for every
-// subject in turn, the subjects' order rotating from round to round so that
-// a slow phase of the machine falls on all of them. `batch(figure, subject,
-// measured)` prepares and times one batch, recording it when `measured`
-// (not in warm-up rounds). `takesPart` says whether a subject has a figure.
-void BenchRounds(const BenchOptions& options, int figures, int subjects,
-                 const std::function<bool(int figure, int subject)>& takesPart,
-                 const std::function<void(int figure, int subject, bool measured)>& batch);
+class BenchSubject;
 
-// Prints the table of results[figure * subjects + subject] (empty ones
-// skipped), each row with its mark, and a "!" line under every row whose
-// repetitions did not all paint, do their work (`wrongWhat`, e.g. "steps
-// that did not move the day") and see the whole control. Answers whether
-// none did.
-bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, int subjects,
-                       const char* const* figureNames, const char* const* subjectNames, const char* wrongWhat,
+// Warm-up rounds, then measured rounds (`options`); in each, every figure
+// for every subject that `takesPart` in it (and is --only's, when given), the
+// subjects' order rotating from round to round so that a slow phase of the
+// machine falls on all of them. A batch brings the subject's window to the
+// top and focuses its control, lets `reset` put it back at its start,
+// repaints it and dispatches what is pending, counting the batch when the
+// control is not wholly visible; then `measure(figure, subject, result)`
+// times it, `result` null in warm-up rounds. Answers the results, figure by
+// figure, subject by subject.
+std::vector<BenchResult> BenchRounds(const BenchOptions& options, int figures, BenchSubject* const* subjects,
+                                     int count, const std::function<bool(int figure, int subject)>& takesPart,
+                                     const std::function<void(int subject)>& reset,
+                                     const std::function<void(int figure, int subject, BenchResult* result)>& measure);
+
+// Prints the table of BenchRounds' results (empty ones skipped), each row
+// with its mark, and a "!" line under every row whose repetitions did not
+// all paint, do their work (`wrongWhat`, e.g. "steps that did not move the
+// day") and see the whole control. Answers whether none did.
+bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, BenchSubject* const* subjects, int count,
+                       const char* const* figureNames, const char* wrongWhat,
                        const std::function<const char*(int figure, int subject)>& mark);

@@ -34,22 +34,7 @@ enum Figure
 
 const char* const kFigureNames[kFigureCount] = { "full repaint", "arrow-key step" };
 
-using Result = BenchResult;
-
-// Brings the subject to the top, focuses its control, puts the highlight on
-// the start day and lets everything pending paint.
-void Prepare(BenchSubject& subject, const BenchDays& days, Result& result)
-{
-    ::SetWindowPos(subject.Host(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    ::SetFocus(subject.Control());
-    subject.Restart(days.start);
-    ::RedrawWindow(subject.Host(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-    BenchPump();
-    if (!BenchFullyVisible(subject.Control()))
-        ++result.hidden;
-}
-
-void MeasureRepaint(BenchSubject& subject, int reps, Result* result)
+void MeasureRepaint(BenchSubject& subject, int reps, BenchResult* result)
 {
     HWND control = subject.Control();
     for (int i = 0; i < reps; ++i)
@@ -64,7 +49,7 @@ void MeasureRepaint(BenchSubject& subject, int reps, Result* result)
     }
 }
 
-void MeasureStep(BenchSubject& subject, const BenchDays& days, int reps, Result* result)
+void MeasureStep(BenchSubject& subject, const BenchDays& days, int reps, BenchResult* result)
 {
     HWND control = subject.Control();
     SYSTEMTIME day = days.start;
@@ -171,30 +156,22 @@ int main(int argc, char** argv)
     std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
                 options.reps, options.warmup);
 
-    std::vector<BenchResult> results(kFigureCount * subjectCount);
-    BenchRounds(
-        options, kFigureCount, subjectCount,
-        [&](int figure, int index) {
-            return (figure != kStep || subjects[index]->HasStep()) &&
-                   (options.only == nullptr || std::strcmp(options.only, subjects[index]->Name()) == 0);
-        },
-        [&](int figure, int index, bool measured) {
-            BenchSubject& subject = *subjects[index];
-            Result* result = measured ? &results[figure * subjectCount + index] : nullptr;
-            Result ignored;
-            Prepare(subject, days, result != nullptr ? *result : ignored);
+    const std::vector<BenchResult> results = BenchRounds(
+        options, kFigureCount, subjects, subjectCount,
+        [&](int figure, int index) { return figure != kStep || subjects[index]->HasStep(); },
+        [&](int index) { subjects[index]->Restart(days.start); },
+        [&](int figure, int index, BenchResult* result) {
             if (figure == kRepaint)
-                MeasureRepaint(subject, options.reps, result);
+                MeasureRepaint(*subjects[index], options.reps, result);
             else
-                MeasureStep(subject, days, options.reps, result);
+                MeasureStep(*subjects[index], days, options.reps, result);
         });
 
-    const char* const names[] = { ours->Name(), peer->Name(), floor->Name() };
     // The peer's step by MCM_SETCURSEL is marked "*".
     const auto mark = [&](int figure, int index) {
         return figure == kStep && index == 1 && !peer->ArrowKeysMove() ? " *" : "";
     };
-    const bool sound = BenchPrintResults(results, kFigureCount, subjectCount, kFigureNames, names,
+    const bool sound = BenchPrintResults(results, kFigureCount, subjects, subjectCount, kFigureNames,
                                          "steps that did not move the day", mark);
     auto median = [&](int figure, int index) {
         return BenchSummarise(results[figure * subjectCount + index].ms).median;

@@ -1,7 +1,7 @@
-// HyIsSpecialDescription: a hidden key text that, typed as a description,
-// shows a small note from the library. The key is never stored as text: it
-// is rebuilt from nine numbers (eight characters and the terminating zero),
-// each un-mixed with its position, and compared; the rebuilt copy is wiped.
+// HyIsSpecialDescription: typing a certain word as a card's description
+// opens a short thank-you note. The word is not in the binary as text:
+// BuildKey unscrambles kScrambledKey into a local copy only for the
+// comparison, and the copy is wiped straight after.
 #include "HyCardView.h"
 
 #include <cstring>

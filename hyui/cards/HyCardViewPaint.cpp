@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <utility>
 #include <cstdint>
+#include <optional>
 
 namespace {
 
@@ -135,16 +136,11 @@ void CHyCardViewBase::OnPaint()
     area = client;
     if (kind != ERROR && !area.IntersectRect(&client, &clip))
         return;
+    // Without memory for the kept buffer, a temporary one of the painted part.
     CDC* buffer = PaintBuffer(dc, client.Size());
-    if (buffer == nullptr) {   // no memory for a buffer: drawn as a buffer of the area would draw it
-        CMemDCBuffer fallback(&dc, &area);
-        CDCSaveState state(*fallback.GetDC());
-        DrawBackground(fallback.GetDC());
-        DrawCards(fallback.GetDC());
-        if (scrollMax != 0)
-            fallback.GetDC()->FillSolidRect(client.right - 1, 0, 1, client.Height(), kBlack);
-        return;
-    }
+    std::optional<CMemDCBuffer> fallback;
+    if (buffer == nullptr)
+        buffer = fallback.emplace(&dc, &area).GetDC();
     {
         CDCSaveState state(*buffer);
         buffer->IntersectClipRect(&area);   // the rows drawn are those that meet it
@@ -156,7 +152,8 @@ void CHyCardViewBase::OnPaint()
         if (scrollMax != 0)
             buffer->FillSolidRect(client.right - 1, 0, 1, client.Height(), kBlack);
     }
-    dc.BitBlt(area.left, area.top, area.Width(), area.Height(), buffer, area.left, area.top, SRCCOPY);
+    if (!fallback)   // the temporary buffer copies itself when it goes
+        dc.BitBlt(area.left, area.top, area.Width(), area.Height(), buffer, area.left, area.top, SRCCOPY);
 }
 
 // One buffer the size of the client area, made at the first paint of a size
