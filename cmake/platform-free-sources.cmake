@@ -9,10 +9,12 @@ set(HY_PLATFORM_FREE_SOURCES
   hyui/dates/HyPickerDecisions.cpp
   hyui/cards/HyCardMarkup.cpp
   hyui/cards/HyCardGrid.cpp
+  hyui/edits/HyEditGeometry.cpp
 )
 set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/frame
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/dates
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/cards
+  ${CMAKE_CURRENT_LIST_DIR}/../hyui/edits
 )
 list(TRANSFORM HY_PLATFORM_FREE_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/../)
