@@ -107,7 +107,8 @@ TEST(EditGeometry, CellsTileAndTheHitTestAgreesAtEveryY)
             for (int i = n - 1; i >= 0; --i)
                 if (hy::EditRowCell(heights.data(), n, rowHeight, i, 200, scroll).Contains(10, y))
                     expected = i;
-            ASSERT_EQ(expected, hy::EditRowAt(heights.data(), n, rowHeight, 200, scroll, 10, y)) << round << ", y " << y;
+            ASSERT_EQ(expected, hy::EditRowAt(heights.data(), n, rowHeight, 200, scroll, 10, y))
+                << round << ", y " << y;
         }
         ASSERT_EQ(-1, hy::EditRowAt(heights.data(), n, rowHeight, 200, scroll, 200, 1 - scroll));
     }
