@@ -13,6 +13,7 @@
 #include <commctrl.h>
 #include <cstddef>
 #include <vector>
+#include "HyPaintBuffer.h"
 #include "HyUIExport.h"
 
 struct HyCardGrid;
@@ -210,18 +211,10 @@ public:
     CArray<CCard, CCard&> cards;
 
 private:
-    // The paint buffer: a memory DC with a bitmap of the client's size, kept
-    // between paints (HyCardViewPaint.cpp).
-    CDC* PaintBuffer(CDC& target, CSize size);
-    void FreePaintBuffer();
-
     const bool photoView;
     int scrollMax = 0;
     std::vector<int> selected;   // the selected indexes, ascending
-    CBitmap paintBitmap;   // before the DC: the DC goes first, letting the bitmap go
-    CDC paintDC;
-    HGDIOBJ paintOldBitmap = nullptr;
-    CSize paintSize;
+    HyPaintBuffer paintBuffer;   // kept between paints, freed on a size change
 };
 
 class HYUI_API CHyCardView : public CHyCardViewBase

@@ -6,7 +6,7 @@
 // drawn, so a paint costs the visible cards.
 #include "HyCardView.h"
 #include "HyCardGrid.h"
-#include "HyCardMarkup.h"
+#include "HyCardMarkupDraw.h"
 #include "HyTheme.h"
 #include "HyUIRes.h"
 
@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <utility>
 #include <cstdint>
-#include <optional>
 
 namespace {
 
@@ -127,66 +126,17 @@ BOOL CHyCardViewBase::OnEraseBkgnd(CDC*)
 
 void CHyCardViewBase::OnPaint()
 {
-    CPaintDC dc(this);
-    CRect client, area, clip;
-    GetClientRect(&client);
-    const int kind = dc.GetClipBox(&clip);
-    if (kind == NULLREGION)
-        return;
-    area = client;
-    if (kind != ERROR && !area.IntersectRect(&client, &clip))
-        return;
-    // Without memory for the kept buffer, a temporary one of the painted part.
-    CDC* buffer = PaintBuffer(dc, client.Size());
-    std::optional<CMemDCBuffer> fallback;
-    if (buffer == nullptr)
-        buffer = fallback.emplace(&dc, &area).GetDC();
-    {
-        CDCSaveState state(*buffer);
-        buffer->IntersectClipRect(&area);   // the rows drawn are those that meet it
-        buffer->SetTextColor(dc.GetTextColor());
-        buffer->SetBkColor(dc.GetBkColor());
-        buffer->SetBkMode(dc.GetBkMode());
-        DrawBackground(buffer);
-        DrawCards(buffer);
+    paintBuffer.Paint(*this, [this](CDC& dc, const CRect& client) {
+        DrawBackground(&dc);
+        DrawCards(&dc);
         if (scrollMax != 0)
-            buffer->FillSolidRect(client.right - 1, 0, 1, client.Height(), kBlack);
-    }
-    if (!fallback)   // the temporary buffer copies itself when it goes
-        dc.BitBlt(area.left, area.top, area.Width(), area.Height(), buffer, area.left, area.top, SRCCOPY);
-}
-
-// One buffer the size of the client area, made at the first paint of a size
-// and kept: a paint neither allocates nor touches fresh memory for it.
-CDC* CHyCardViewBase::PaintBuffer(CDC& target, CSize size)
-{
-    if (paintDC.m_hDC != nullptr && paintSize == size)
-        return &paintDC;
-    FreePaintBuffer();
-    if (size.cx <= 0 || size.cy <= 0 || !paintDC.CreateCompatibleDC(&target))
-        return nullptr;
-    if (!paintBitmap.CreateCompatibleBitmap(&target, size.cx, size.cy)) {
-        paintDC.DeleteDC();
-        return nullptr;
-    }
-    paintOldBitmap = ::SelectObject(paintDC.m_hDC, paintBitmap.m_hObject);
-    paintSize = size;
-    return &paintDC;
-}
-
-void CHyCardViewBase::FreePaintBuffer()
-{
-    if (paintDC.m_hDC != nullptr) {
-        ::SelectObject(paintDC.m_hDC, paintOldBitmap);
-        paintDC.DeleteDC();
-    }
-    paintBitmap.DeleteObject();
-    paintSize = CSize(0, 0);
+            dc.FillSolidRect(client.right - 1, 0, 1, client.Height(), kBlack);
+    });
 }
 
 void CHyCardViewBase::OnDestroy()
 {
-    FreePaintBuffer();
+    paintBuffer.Free();
     CWnd::OnDestroy();
 }
 
@@ -427,31 +377,7 @@ void CHyCardViewBase::DrawCardBody(CDC* pDC, int nIndex, RECT* pRect)
 
 void CHyCardViewBase::DrawFormattedText(CDC* pDC, const char* pszText, RECT* pRect)
 {
-    TEXTMETRIC tm{};
-    pDC->GetTextMetrics(&tm);
-    const int ruleHeight = tm.tmHeight + tm.tmInternalLeading;
-    // Tab stops every tabStop average characters; only its low byte fits the flags.
-    const UINT oneLine = DT_SINGLELINE | DT_EXPANDTABS | DT_TABSTOP | ((UINT)(tabStop & 0xFF) << 8);
-    HyCardDescriptionReader reader(pszText ? pszText : "");
-    HyCardLine line;
-    int y = pRect->top;
-    // Lines are read only while there is room: the rest of a long description is never split.
-    while (y < pRect->bottom && reader.Next(line)) {
-        CRect area(pRect->left, y, pRect->right, pRect->bottom);
-        switch (line.kind) {
-        case HyCardLineKind::Rule:
-            y += ruleHeight / 2;
-            pDC->FillRect(CRect(pRect->left, y, pRect->right, y + 1), HYThemeGetRuleBrush());
-            y += 1 + ruleHeight / 2;
-            break;
-        case HyCardLineKind::Wrapped:
-            y += pDC->DrawText(line.text.c_str(), (int)line.text.size(), &area, DT_WORDBREAK | DT_END_ELLIPSIS);
-            break;
-        default:
-            y += pDC->DrawText(line.text.c_str(), (int)line.text.size(), &area, oneLine);
-            break;
-        }
-    }
+    HyDrawMarkupText(pDC, pszText, pRect, tabStop);
 }
 
 void CHyCardViewBase::DrawCardPhoto(CDC* pDC, int nIndex)

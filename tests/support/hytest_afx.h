@@ -79,6 +79,27 @@ protected:
     }
 };
 
+// While it lives, the harness pumps through the framework's loop: each
+// message is offered to the PreTranslateMessage chain of its window first,
+// as a framework application's message loop does.
+class FrameworkLoop
+{
+public:
+    FrameworkLoop()
+        : m_previous(hytest::SetPumpFilter([](MSG* msg) -> bool {
+              CWinThread* thread = AfxGetThread();
+              return thread ? thread->PreTranslateMessage(msg) : CWnd::WalkPreTranslateTree(nullptr, msg);
+          }))
+    {
+    }
+    ~FrameworkLoop() { hytest::SetPumpFilter(m_previous); }
+    FrameworkLoop(const FrameworkLoop&) = delete;
+    FrameworkLoop& operator=(const FrameworkLoop&) = delete;
+
+private:
+    hytest::PumpFilter m_previous;
+};
+
 // A window's text.
 inline std::string WindowText(const CWnd& w)
 {

@@ -92,10 +92,23 @@ bool Same(const Msg& a, const Expect& e)
 
 }  // namespace
 
+namespace {
+PumpFilter g_pumpFilter = nullptr;
+}
+
+PumpFilter SetPumpFilter(PumpFilter filter)
+{
+    PumpFilter previous = g_pumpFilter;
+    g_pumpFilter = filter;
+    return previous;
+}
+
 void PumpMessages()
 {
     MSG msg;
     while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
+        if (g_pumpFilter != nullptr && g_pumpFilter(&msg))
+            continue;
         TranslateMessage(&msg);
         DispatchMessageA(&msg);
     }

@@ -19,6 +19,12 @@ namespace hytest {
 // queue is empty. Never sleeps.
 void PumpMessages();
 
+// Installs a filter that PumpMessages offers each message to before
+// translating and dispatching it (true: handled, as PreTranslateMessage
+// answers); nullptr removes it. Answers the previous filter.
+using PumpFilter = bool (*)(MSG* msg);
+PumpFilter SetPumpFilter(PumpFilter filter);
+
 // One received message.
 struct Msg
 {
