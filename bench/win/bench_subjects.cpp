@@ -186,8 +186,7 @@ BenchSubject::~BenchSubject()
 
 long BenchSubject::Paints() const
 {
-    const PaintCounter* counter = FindCounter(m_control);
-    return counter != nullptr ? counter->paints : 0;
+    return BenchPaintsOf(m_control);
 }
 
 bool BenchSubject::CreateHost(const char* title, SIZE client, const BenchDays* days)
@@ -202,26 +201,43 @@ bool BenchSubject::CreateHost(const char* title, SIZE client, const BenchDays* d
 
 void BenchSubject::StartCountingPaints()
 {
-    for (PaintCounter& c : g_counters)
-        if (c.hwnd == nullptr)
-        {
-            c.hwnd = m_control;
-            c.paints = 0;
-            c.previous = reinterpret_cast<WNDPROC>(
-                ::SetWindowLongPtr(m_control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountingProc)));
-            return;
-        }
+    BenchCountPaints(m_control);
 }
 
 void BenchSubject::StopCountingPaints()
 {
-    PaintCounter* counter = m_control != nullptr ? FindCounter(m_control) : nullptr;
+    BenchStopCountingPaints(m_control);
+}
+
+void BenchCountPaints(HWND hwnd)
+{
+    if (hwnd == nullptr || FindCounter(hwnd) != nullptr)
+        return;
+    for (PaintCounter& c : g_counters)
+        if (c.hwnd == nullptr)
+        {
+            c.hwnd = hwnd;
+            c.paints = 0;
+            c.previous = reinterpret_cast<WNDPROC>(
+                ::SetWindowLongPtr(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountingProc)));
+            return;
+        }
+}
+
+void BenchStopCountingPaints(HWND hwnd)
+{
+    PaintCounter* counter = hwnd != nullptr ? FindCounter(hwnd) : nullptr;
     if (counter == nullptr)
         return;
-    if (::IsWindow(m_control) &&
-        ::GetWindowLongPtr(m_control, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(CountingProc))
-        ::SetWindowLongPtr(m_control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(counter->previous));
+    if (::IsWindow(hwnd) && ::GetWindowLongPtr(hwnd, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(CountingProc))
+        ::SetWindowLongPtr(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(counter->previous));
     *counter = PaintCounter{};
+}
+
+long BenchPaintsOf(HWND hwnd)
+{
+    const PaintCounter* counter = hwnd != nullptr ? FindCounter(hwnd) : nullptr;
+    return counter != nullptr ? counter->paints : 0;
 }
 
 // ---- the month calendar ---------------------------------------------------
@@ -371,4 +387,21 @@ std::unique_ptr<BenchCardSubject> BenchCreatePeerList(SIZE client, int count)
     if (!peer->Create(client, count))
         return nullptr;
     return peer;
+}
+
+// ---- bench_editlist -------------------------------------------------------
+
+const char* const kBenchChoices[3] = { "Work", "Home", "Mobile" };
+
+void BenchEditRowTexts(int index, char* label, size_t labelSize, char* value, size_t valueSize, int& choice)
+{
+    static const char* const kLabels[] = { "Name", "Company", "Title", "Street", "City", "Note" };
+    choice = index % 3 == 1 ? index % 2 + (index % 5 == 0) : -1;
+    std::snprintf(label, labelSize, "%s %d", choice >= 0 ? kBenchChoices[choice] : kLabels[index % 6], index);
+    if (index % 10 == 7)
+        std::snprintf(value, valueSize, "%d Orchard Lane\r\nGreywater, GW%d 4RT", index, index % 9);
+    else if (choice >= 0)
+        std::snprintf(value, valueSize, "(555) %03d-%04d", index % 1000, (index * 37) % 10000);
+    else
+        std::snprintf(value, valueSize, "Value of row %d, contact %d", index, index * 7);
 }

@@ -20,6 +20,12 @@ struct BenchDays
 SYSTEMTIME BenchAddDays(const SYSTEMTIME& day, int days);
 bool BenchSameDay(const SYSTEMTIME& a, const SYSTEMTIME& b);
 
+// Counting the WM_PAINT messages of any window (a handful at a time):
+// subclass it, read the count, restore its window procedure (safe twice).
+void BenchCountPaints(HWND hwnd);
+void BenchStopCountingPaints(HWND hwnd);
+long BenchPaintsOf(HWND hwnd);
+
 class BenchSubject
 {
 public:
@@ -135,3 +141,27 @@ std::unique_ptr<BenchCardSubject> BenchCreatePeerList(SIZE client, int count);
 
 // The library's card view with `count` cards (bench_cards_ours.cpp).
 std::unique_ptr<BenchCardSubject> BenchCreateOurCards(SIZE client, int count, const char* name);
+
+// ---- bench_editlist -------------------------------------------------------
+
+// The texts of row `index` of bench_editlist: a label and a value, and the
+// chosen entry (0-2) of a chooser row, -1 for a plain row. A third of the
+// rows are choosers; every tenth value has two lines.
+void BenchEditRowTexts(int index, char* label, size_t labelSize, char* value, size_t valueSize, int& choice);
+extern const char* const kBenchChoices[3];
+
+// An edit list, or a list view in report mode with label editing.
+class BenchEditSubject : public BenchSubject
+{
+public:
+    // Empties the view and adds `rows` rows without painting them; the
+    // caller then repaints, inside the timed span.
+    virtual void Fill(int rows) = 0;
+    virtual int RowCount() const = 0;
+    // Opens `row` for editing (untimed), its text selected off and the caret
+    // at the end; answers the window that takes the typing, or nullptr.
+    virtual HWND Open(int row) = 0;
+};
+
+// The library's edit list (bench_editlist_ours.cpp).
+std::unique_ptr<BenchEditSubject> BenchCreateOurEditList(SIZE client);

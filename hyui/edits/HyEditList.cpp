@@ -6,6 +6,7 @@
 #include "HyTheme.h"
 
 #include <algorithm>
+#include <cstring>
 
 IMPLEMENT_DYNAMIC(CHyEditList, CWnd)
 
@@ -423,6 +424,7 @@ std::vector<int> CHyEditList::Heights() const
 
 int CHyEditList::ScrollPos() const
 {
+    FlushScrollInfo();   // the position the system clamped to the current range
     return m_hWnd != nullptr ? GetScrollPos(SB_VERT) : 0;
 }
 
@@ -459,6 +461,11 @@ int CHyEditList::PtToItemIndex(CPoint point) const
                          point.y);
 }
 
+// The scroll bar's range follows the content, but setting it costs more
+// than an add. A bar that must appear does so at once, narrowing every row
+// before the next is measured; any other change waits for the next paint or
+// the next reading of the position, so a batch of adds sets the range once,
+// and emptying and refilling the list never hides and shows the bar.
 void CHyEditList::UpdateViewInfo()
 {
     if (m_hWnd == nullptr)
@@ -468,10 +475,31 @@ void CHyEditList::UpdateViewInfo()
     for (int i = 0; i < GetItemCount(); ++i)
         items[i].width = client.Width();
     const std::vector<int> heights = Heights();
-    SCROLLINFO si{ sizeof si, SIF_RANGE | SIF_PAGE };
-    si.nMax = std::max(hy::EditContentHeight(heights.data(), (int)heights.size(), rowHeight), 0);
-    si.nPage = (UINT)client.Height() + 1;
-    SetScrollInfo(SB_VERT, &si, TRUE);
+    const int content = std::max(hy::EditContentHeight(heights.data(), (int)heights.size(), rowHeight), 0);
+    scrollRange = SCROLLINFO{ sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE, 0, content, (UINT)client.Height() + 1 };
+    scrollDirty = true;
+    if (content > client.Height() && (GetStyle() & WS_VSCROLL) == 0)
+        FlushScrollInfo();
+}
+
+// The bar is repainted (at the next paint) only when its thumb or its
+// visibility changed: Wine's redraw of a scroll bar costs more than a paint
+// of the whole list.
+void CHyEditList::FlushScrollInfo() const
+{
+    if (!scrollDirty || m_hWnd == nullptr)
+        return;
+    scrollDirty = false;
+    SCROLLBARINFO before{ sizeof before }, after{ sizeof after };
+    const bool known = ::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before) != FALSE;
+    const bool wasLayingOut = layingOut;
+    layingOut = true;
+    ::SetScrollInfo(m_hWnd, SB_VERT, &scrollRange, FALSE);
+    layingOut = wasLayingOut;
+    if (!known || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after) || before.xyThumbTop != after.xyThumbTop ||
+        before.xyThumbBottom != after.xyThumbBottom || before.rgstate[0] != after.rgstate[0] ||
+        !::EqualRect(&before.rcScrollBar, &after.rcScrollBar))
+        ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_NOCHILDREN);
 }
 
 bool CHyEditList::SetItemRowHeight(CListItem& item, int lines)
@@ -502,13 +530,50 @@ int CHyEditList::MeasureLines(CListItem& item, const CString& text)
             return 1;
         measurer.SetFont(HYThemeGetFont(HYFONT_STANDARD), FALSE);
     }
+    // Only the value's size counts: the cell of the row at the number's position, at the origin.
+    const CListItem& sized = MeasuredRow(item);
     CListItemRects rects;
-    GetItemRects(GetItem(item.number) ? item.number : FindItemIndex(&item), rects);
+    GetItemRects(CRect(0, 0, sized.width, hy::EditRowHeight(sized.height, rowHeight)), rects);
     CRect format(0, 0, rects.value.Width(), rects.value.Height());
     format.right -= ::GetSystemMetrics(SM_CXVSCROLL);
+    static DWORD margins = measurer.GetMargins();   // font 1's, the same for every measuring editor
+    const int lines = LinesThatFit(text, format.Width() - LOWORD(margins) - HIWORD(margins));
+    if (lines > 0)
+        return lines;
     measurer.SetRect(&format);
     measurer.SetWindowText(text);
     return measurer.GetLineCount();
+}
+
+// The editor wraps a line only when it is wider than its formatting
+// rectangle: a text without tabs whose every line is clearly narrower has as
+// many lines as it has line breaks plus one, which is what the editor would
+// answer, without the editor. 0 when the editor must measure.
+int CHyEditList::LinesThatFit(const CString& text, int width)
+{
+    if (text.Find('\t') >= 0)
+        return 0;
+    static HDC measuringDC = ::CreateCompatibleDC(nullptr);   // kept for the process
+    if (measuringDC == nullptr)
+        return 0;
+    const HGDIOBJ oldFont = ::SelectObject(measuringDC, HYThemeGetFont(HYFONT_STANDARD)->GetSafeHandle());
+    int lines = 1;
+    for (const char* p = text;; ++lines) {
+        const char* end = std::strpbrk(p, "\r\n");
+        const int length = end ? (int)(end - p) : (int)std::strlen(p);
+        SIZE extent{};
+        const bool fits = length == 0 || (::GetTextExtentPoint32A(measuringDC, p, length, &extent) && extent.cx + 2 < width);
+        // A line too wide, or a lone CR or LF (no line break in an edit control): the editor decides.
+        if (!fits || (end != nullptr && (end[0] != '\r' || end[1] != '\n'))) {
+            lines = 0;
+            break;
+        }
+        if (end == nullptr)
+            break;
+        p = end + 2;
+    }
+    ::SelectObject(measuringDC, oldFont);
+    return lines;
 }
 
 // ---- selection ----
@@ -672,12 +737,16 @@ void CHyEditList::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar*)
     ScrollTo((int)nSBCode, (int)nPos);
 }
 
+// A size change that the list's own scroll bar caused while laying out is
+// painted with the rest of that change, at the next paint; any other is
+// painted at once.
 void CHyEditList::OnSize(UINT nType, int cx, int cy)
 {
     CWnd::OnSize(nType, cx, cy);
     if (m_hWnd != nullptr) {
+        const bool own = layingOut;
         UpdateViewInfo();
-        RedrawAll();
+        own ? Invalidate(FALSE) : RedrawAll();
         PlaceEditor();
     }
 }

@@ -157,12 +157,14 @@ protected:
     void GetItemRects(const CRect& cell, CListItemRects& rects) const;
     int PtToItemIndex(CPoint point) const;
     void UpdateViewInfo();
+    void FlushScrollInfo() const;
     int ScrollPos() const;
     // The height for `lines` lines; answers whether it changed.
     bool SetItemRowHeight(CListItem& item, int lines);
     // The row whose position is item.number, else the row itself (deliberately the add number).
     CListItem& MeasuredRow(CListItem& item);
     int MeasureLines(CListItem& item, const CString& text);
+    static int LinesThatFit(const CString& text, int width);
 
     // ---- the editor and interaction ----
     void RepositionEditor(int nIndex);
@@ -178,7 +180,7 @@ protected:
     void RedrawAll();
 
     // ---- painting (HyEditListPaint.cpp) ----
-    void DrawRow(CDC& dc, int nIndex, const CRect& cell);
+    void DrawRow(CDC& dc, int nIndex, const CRect& cell, int leftMargin, int rightMargin);
     void DrawFocusMark(CDC& dc);
     void DrawFormattedText(CDC* pDC, LPCTSTR lpszText, RECT* pRect);
 
@@ -223,4 +225,7 @@ public:
 private:
     HyPaintBuffer paintBuffer;
     bool closing = false;   // the open row is being closed
+    mutable bool layingOut = false;   // the scroll bar is being given its range
+    mutable bool scrollDirty = false; // scrollRange not yet given to the scroll bar
+    SCROLLINFO scrollRange{};
 };

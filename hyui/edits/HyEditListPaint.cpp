@@ -6,18 +6,6 @@
 #include "HyEditGeometry.h"
 #include "HyTheme.h"
 
-namespace {
-
-void FrameSolid(CDC& dc, const CRect& r, COLORREF colour)
-{
-    dc.FillSolidRect(r.left, r.top, r.Width(), 1, colour);
-    dc.FillSolidRect(r.left, r.bottom - 1, r.Width(), 1, colour);
-    dc.FillSolidRect(r.left, r.top, 1, r.Height(), colour);
-    dc.FillSolidRect(r.right - 1, r.top, 1, r.Height(), colour);
-}
-
-}  // namespace
-
 BOOL CHyEditList::OnEraseBkgnd(CDC*)
 {
     return TRUE;   // the paint covers every pixel
@@ -25,10 +13,12 @@ BOOL CHyEditList::OnEraseBkgnd(CDC*)
 
 void CHyEditList::OnPaint()
 {
+    FlushScrollInfo();
     paintBuffer.Paint(*this, [this](CDC& dc, const CRect& client) {
         dc.FillSolidRect(&client, HYThemeShiftColor(HYThemeGetColor(HYTHEME_LIST), 32));
         CFont* oldFont = dc.SelectObject(HYThemeGetFont(HYFONT_STANDARD));
         dc.SetBkMode(TRANSPARENT);
+        const DWORD margins = editor.m_hWnd != nullptr ? editor.GetMargins() : 0;
         // Cells stacked as the geometry stacks them, one running sum.
         int top = hy::EditRowCell(nullptr, 0, rowHeight, 0, 0, ScrollPos()).top;
         for (int i = 0; i < GetItemCount() && top < client.bottom; ++i) {
@@ -37,28 +27,25 @@ void CHyEditList::OnPaint()
             top = cell.bottom;
             if ((paintOnly == -1 || paintOnly == i) && !row.collapsed && cell.bottom > client.top &&
                 dc.RectVisible(&cell))
-                DrawRow(dc, i, cell);
+                DrawRow(dc, i, cell, LOWORD(margins), HIWORD(margins));
         }
         DrawFocusMark(dc);
         dc.SelectObject(oldFont);
     });
 }
 
-void CHyEditList::DrawRow(CDC& dc, int nIndex, const CRect& cell)
+// The cell needs no fill of its own: the background, drawn first, already
+// gave it the list's colour. A frame is its box filled with the frame colour
+// and the value filled over it: two fills where four edges would take four.
+void CHyEditList::DrawRow(CDC& dc, int nIndex, const CRect& cell, int leftMargin, int rightMargin)
 {
     const CListItem& row = items[nIndex];
     CListItemRects r;
     GetItemRects(cell, r);
     const COLORREF base = HYThemeGetColor(HYTHEME_LIST);
-    dc.FillSolidRect(&cell, HYThemeShiftColor(base, 32));
-    const COLORREF frame = row.selected ? HYThemeGetColor(HYTHEME_LIST_SELFRAME) : HYThemeShiftColor(base, -32);
     CRect box(r.value);
-    box.InflateRect(1, 1);
-    FrameSolid(dc, box, frame);
-    if (row.selected) {   // a two-pixel frame
-        box.InflateRect(1, 1);
-        FrameSolid(dc, box, frame);
-    }
+    box.InflateRect(row.selected ? 2 : 1, row.selected ? 2 : 1);   // selected: a two-pixel frame
+    dc.FillSolidRect(&box, row.selected ? HYThemeGetColor(HYTHEME_LIST_SELFRAME) : HYThemeShiftColor(base, -32));
     dc.FillSolidRect(&r.value, ::GetSysColor(COLOR_WINDOW));
     const UINT labelFormat =
         DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | (row.labelStyle == HYEL_LABEL_LEFT ? DT_LEFT : DT_RIGHT);
@@ -66,12 +53,11 @@ void CHyEditList::DrawRow(CDC& dc, int nIndex, const CRect& cell)
         HYThemeDrawDropDownLabel(&dc, row.desc.label, &r.label, labelFormat, HYTHEME_LIST);
     else
         HYThemeDrawText(&dc, row.desc.label, -1, &r.label, labelFormat, HYTHEME_LIST);
+    if (row.desc.value.IsEmpty())
+        return;
     // Inset by the editor's margins, so the text does not shift when the row opens.
     CRect text(r.value);
-    if (editor.m_hWnd != nullptr) {
-        const DWORD margins = editor.GetMargins();
-        text.DeflateRect(LOWORD(margins), 0, HIWORD(margins), 0);
-    }
+    text.DeflateRect(leftMargin, 0, rightMargin, 0);
     dc.SetTextColor(::GetSysColor(COLOR_WINDOWTEXT));
     HYThemeDrawText(&dc, row.desc.value, -1, &text, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL, HYTHEME_CURRENT);
 }

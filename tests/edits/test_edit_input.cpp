@@ -16,13 +16,15 @@ void WarmUpEdits()
     scene.Click(1);
     scene.Type("a\rb\t");
     scene.Click(0);
-    for (int i = 0; i < 40; ++i)   // the scroll bar
-        scene.list.AddItem("Row", "text", 0, FALSE);
-    scene.list.SelectItem(5, TRUE, TRUE);
-    for (int code : { SB_LINEDOWN, SB_PAGEDOWN, SB_THUMBPOSITION, SB_THUMBTRACK, SB_ENDSCROLL })
-        scene.list.SendMessage(WM_VSCROLL, MAKEWPARAM(code, 100));
-    hytest::MouseWheel(scene.list, 5, 5, 120);
     ::SetFocus(scene.after);
+    hytest::PumpMessages();
+    EditScene second;   // a list that scrolls at its first step
+    for (int i = 0; i < 40; ++i)
+        second.list.AddItem("Row", "text", 0, FALSE);
+    second.list.SelectItem(5, TRUE, TRUE);
+    for (int code : { SB_LINEDOWN, SB_PAGEDOWN, SB_THUMBPOSITION, SB_THUMBTRACK, SB_ENDSCROLL })
+        second.list.SendMessage(WM_VSCROLL, MAKEWPARAM(code, 100));
+    hytest::MouseWheel(second.list, 5, 5, 120);
     hytest::PumpMessages();
 }
 
