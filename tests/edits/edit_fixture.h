@@ -3,7 +3,6 @@
 // records its hook calls as "|"-separated short strings.
 #pragma once
 
-#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -14,28 +13,22 @@ class RecordingList : public CHyEditList
 {
 public:
     std::string log;
-    void OnItemSelected(int i, int b) override { Log("sel %d %d", i, b); }
-    void OnItemLButtonDblClk(int i, CPoint) override { Log("dbl %d", i); }
-    void OnItemOnRButtonDown(int i, CPoint) override { Log("rdown %d", i); }
+    void OnItemSelected(int i, int b) override { Log("sel " + std::to_string(i) + " " + std::to_string(b)); }
+    void OnItemLButtonDblClk(int i, CPoint) override { Log("dbl " + std::to_string(i)); }
+    void OnItemOnRButtonDown(int i, CPoint) override { Log("rdown " + std::to_string(i)); }
+    void Log(const std::string& entry) { log.append(log.empty() ? "" : "|").append(entry); }
 
     CListItemRects Rects(int i) { return (GetItemRects(i, rects), rects); }
     int Pos() const { return ScrollPos(); }
-    std::string Value(int i)
-    {
-        CString s;
-        GetItemValue(i, s);
-        return std::string(s);
-    }
+    int Height(int i) const { return (GetItemSize(i, nullptr, &height), height); }
+    std::string Value(int i) { return (GetItemValue(i, text), std::string(text)); }
+    std::string Label(int i) { return (GetItemLabel(i, text), std::string(text)); }
+    CRect EditorRect() { return (editor.GetWindowRect(&rects.cell), ScreenToClient(&rects.cell), rects.cell); }
 
 private:
     CListItemRects rects;
-    template <class... Args>
-    void Log(const char* format, Args... args)
-    {
-        char entry[32];
-        std::snprintf(entry, sizeof entry, format, args...);
-        log.append(log.empty() ? "" : "|").append(entry);
-    }
+    mutable int height = 0;
+    CString text;
 };
 
 // The frame (a framework window), an edit before the list and one after it.
@@ -57,13 +50,7 @@ struct EditScene
         ::ShowWindow(frame, SW_SHOW);
         ::SetForegroundWindow(frame);
     }
-    ~EditScene()
-    {
-        list.DestroyWindow();
-        before.DestroyWindow();
-        after.DestroyWindow();
-        parent.UnsubclassWindow();
-    }
+    ~EditScene() { parent.UnsubclassWindow(); }   // the controls go with their objects
     // Name (plain), Address (accepts Enter), Phone (a chooser of menu 300 at Home).
     void Fill()
     {
@@ -74,17 +61,15 @@ struct EditScene
     }
     void Click(int row, bool label = false)
     {
-        const CListItemRects r = list.Rects(row);
-        const CPoint p = (label ? r.label : r.value).CenterPoint();
+        const CPoint p = (label ? list.Rects(row).label : list.Rects(row).value).CenterPoint();
         hytest::Click(list, p.x, p.y);
     }
+    // Steps, blank-separated: cN / lN click row N's value / label, dN delete
+    // row N (D: all), tTEXT type, E Enter, T Tab, S Shift+Tab, x click the
+    // edit after the list, h hide and show the list, b hide the edit before
+    // it, k / f / g focus the list from the frame / the edit before / after.
     // Keys go where the focus is, as a person's do.
-    void Type(const char* text) { hytest::Type(::GetFocus(), text); }
-    void Key(UINT vk, unsigned mods = 0)
-    {
-        hytest::Modifiers held(mods);
-        hytest::KeyPress(::GetFocus(), vk);
-    }
+    void Run(const std::string& steps);
 };
 
 // A scene used once with every path that makes something kept per process

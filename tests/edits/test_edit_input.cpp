@@ -3,7 +3,30 @@
 // goes, the chooser, and the row records.
 #include "edit_fixture.h"
 
+#include <algorithm>
+#include <cctype>
 #include <sstream>
+
+void EditScene::Run(const std::string& script)
+{
+    std::istringstream steps(script);
+    for (std::string step; steps >> step;) {
+        const char what = step[0];
+        const int n = std::isdigit((unsigned char)step.back()) ? std::stoi(step.substr(1)) : 0;
+        hytest::Modifiers held(what == 'S' ? hytest::kShift : 0);
+        switch (what) {
+        case 'c': case 'l': Click(n, what == 'l'); break;
+        case 'd': list.DeleteItem(n, TRUE); break;
+        case 'D': list.DeleteAllItems(TRUE); break;
+        case 't': hytest::Type(::GetFocus(), step.c_str() + 1); break;
+        case 'E': case 'T': case 'S': hytest::KeyPress(::GetFocus(), what == 'E' ? VK_RETURN : VK_TAB); break;
+        case 'x': hytest::Click(after, 5, 5); break;
+        case 'h': (list.ShowWindow(SW_HIDE), list.ShowWindow(SW_SHOW)); break;
+        case 'b': before.ShowWindow(SW_HIDE); break;
+        default: (::SetFocus(what == 'k' ? frame : what == 'f' ? before : after), list.SetFocus());   // k, f, g
+        }
+    }
+}
 
 void WarmUpEdits()
 {
@@ -12,12 +35,7 @@ void WarmUpEdits()
     scene.Fill();
     hytest::PopupMenuRecorder menus;
     menus.Choose(403);
-    scene.Click(2, true);
-    scene.Click(1);
-    scene.Type("a\rb\t");
-    scene.Click(0);
-    ::SetFocus(scene.after);
-    hytest::PumpMessages();
+    scene.Run("l2 c1 ta E tb T c0 x");
     EditScene second;   // a list that scrolls at its first step
     for (int i = 0; i < 40; ++i)
         second.list.AddItem("Row", "text", 0, FALSE);
@@ -34,14 +52,11 @@ using EditInput = EditListTest;
 
 std::string FocusName(const EditScene& s)
 {
-    const HWND f = ::GetFocus();
-    return f == s.list.m_hWnd ? "list" : f == s.before.m_hWnd ? "before" : f == s.after.m_hWnd ? "after"
-         : f == s.list.editor.m_hWnd ? "editor" : f == s.frame.hwnd() ? "frame" : "other";
+    const HWND f = ::GetFocus(), windows[] = { s.list, s.before, s.after, s.list.editor, s.frame };
+    return std::vector<std::string>{ "list", "before", "after", "editor", "frame", "other" }[std::find(windows, windows + 5, f) - windows];
 }
 
-// Steps: cN / lN click row N's value / label, tTEXT type, E Enter, T Tab,
-// S Shift+Tab, x click the edit after the list, h hide and show the list.
-// Outcome: the values (CR LF shown as ^), the hooks, the Enter key-downs the
+// Steps as EditScene::Run takes them. Outcome: the values (CR LF shown as ^), the hooks, the Enter key-downs the
 // parent got, the focus.
 struct RoundTrip { const char *steps, *outcome; };
 
@@ -53,6 +68,16 @@ const RoundTrip kRoundTrips[] = {
     { "c0 tA h", "A,, / sel 0 1|sel 0 0 / 0 / frame" },
     { "c0 l1", "Ann,, / sel 0 1|sel 0 0 / 0 / list" },   // a plain row's label opens nothing
     { "c1 tA E tB c0", "Ann,A^B, / sel 1 1|sel 1 0|sel 1 1|sel 1 0|sel 0 1 / 0 / editor" },
+    { "c2 tZ d0 x", ",Z / sel 2 1|sel 1 0 / 0 / after" },   // a delete above: the text stays with its row
+    { "c1 tZ d1 x", "Ann, / sel 1 1 / 0 / after" },      // the open row goes with its text
+    // Tab with nothing open opens row 0 either way; off the ends it focuses
+    // the next visible sibling, or stays; focus from a sibling opens an end.
+    { "k S", "Ann,, / sel 0 1 / 0 / editor" },
+    { "c2 T", "Ann,, / sel 2 1|sel 2 0 / 0 / after" },
+    { "b c0 S", "Ann,, / sel 0 1|sel 0 0 / 0 / list" },
+    { "f", "Ann,, / sel 0 1 / 0 / editor" },
+    { "g", "Ann,, / sel 2 1 / 0 / editor" },
+    { "D k T", " /  / 0 / after" },
 };
 
 class RoundTrips : public EditInput, public ::testing::WithParamInterface<RoundTrip>
@@ -64,20 +89,7 @@ TEST_P(RoundTrips, ValuesHooksEnterAndFocus)
     scene->Fill();
     scene->frame.RecordOnly({ WM_KEYDOWN });
     scene->frame.Clear();
-    std::istringstream steps(GetParam().steps);
-    for (std::string step; steps >> step;) {
-        const char what = step[0];
-        if (what == 'c' || what == 'l')
-            scene->Click(std::stoi(step.substr(1)), what == 'l');
-        else if (what == 't')
-            scene->Type(step.c_str() + 1);
-        else if (what == 'E' || what == 'T' || what == 'S')
-            scene->Key(what == 'E' ? VK_RETURN : VK_TAB, what == 'S' ? +hytest::kShift : 0u);
-        else if (what == 'x')
-            hytest::Click(scene->after, 5, 5);
-        else if (what == 'h')
-            (list.ShowWindow(SW_HIDE), list.ShowWindow(SW_SHOW));
-    }
+    scene->Run(GetParam().steps);
     std::string values;
     for (int i = 0; i < list.GetItemCount(); ++i)
         values.append(i ? "," : "").append(list.Value(i));
@@ -91,48 +103,6 @@ TEST_P(RoundTrips, ValuesHooksEnterAndFocus)
 }
 
 INSTANTIATE_TEST_SUITE_P(Edits, RoundTrips, ::testing::ValuesIn(kRoundTrips));
-
-// Tab from a list of `rows` rows with row `open` open (-1: the list has the
-// focus), with the edits before and after shown or hidden: the row open
-// afterwards, else the focused window.
-struct TabCase { int rows, open; bool backward, hideBefore, hideAfter; const char* outcome; };
-
-const TabCase kTabs[] = {
-    { 3, -1, false, false, false, "row 0" }, { 3, -1, true, false, false, "row 0" },   // both open row 0
-    { 3, 1, false, false, false, "row 2" },  { 3, 1, true, false, false, "row 0" },
-    { 3, 2, false, false, false, "after" },  { 3, 0, true, false, false, "before" },
-    { 3, 0, true, true, false, "list" },     { 3, 2, false, false, true, "list" },
-    { 0, -1, false, false, false, "after" }, { 0, -1, true, false, false, "before" },
-};
-
-TEST_F(EditInput, TabOpensTheNextRowOrFocusesAVisibleSibling)
-{
-    for (const TabCase& c : kTabs) {
-        SCOPED_TRACE(testing::Message() << c.rows << " rows, open " << c.open << (c.backward ? " back" : ""));
-        list.DeleteAllItems(FALSE);
-        for (int i = 0; i < c.rows; ++i)
-            list.AddItem("L", "v", 0, FALSE);
-        scene->before.ShowWindow(c.hideBefore ? SW_HIDE : SW_SHOW);
-        scene->after.ShowWindow(c.hideAfter ? SW_HIDE : SW_SHOW);
-        ::SetFocus(scene->frame);
-        c.open >= 0 ? list.SelectItem(c.open, TRUE, TRUE) : (void)list.SetFocus();
-        scene->Key(VK_TAB, c.backward ? +hytest::kShift : 0u);
-        const int row = list.GetFirstSelectedItemIndex();
-        EXPECT_EQ(row >= 0 ? "row " + std::to_string(row) : FocusName(*scene), c.outcome);
-        EXPECT_EQ(list.GetSelectedCount(), row >= 0 ? 1 : 0);
-    }
-    // Focus arriving from the window before opens the first row, from the
-    // window after the last.
-    for (int i = 0; i < 3; ++i)
-        list.AddItem("L", "v", 0, FALSE);
-    for (auto [from, row] : { std::pair<CWnd*, int>{ &scene->before, 0 }, { &scene->after, 2 } }) {
-        list.SelectAllItems(FALSE, FALSE);
-        from->SetFocus();
-        list.SetFocus();
-        EXPECT_EQ(list.GetFirstSelectedItemIndex(), row);
-        EXPECT_EQ(FocusName(*scene), "editor");
-    }
-}
 
 // A click on row `row`'s label choosing command `choose` (0: dismissed).
 // Rows 2-4: Phone (menu 300 at Home, label following), Tel (menu 300 at
@@ -150,83 +120,68 @@ const ChooserCase kChoosers[] = {
 
 TEST_F(EditInput, ChooserMarksPostsOnlyChangesAndKeepsFixedLabels)
 {
-    CMenu own;
-    own.CreatePopupMenu();
-    own.AppendMenu(MF_STRING, 501, "Email");
-    own.AppendMenu(MF_STRING, 502, "Web");
+    CMenu own;   // Email, Web
+    own.LoadMenu(EditScene::kMenu + 1);
+    scene->frame.RecordOnly({ HYEL_MENUCHANGED });
     for (const ChooserCase& c : kChoosers) {
-        SCOPED_TRACE(c.outcome);
         list.DeleteAllItems(FALSE);
         scene->Fill();
         list.AddItem((UINT)EditScene::kMenu, 0, "Tel", "", 0, FALSE);
-        list.AddItem(&own, 0, nullptr, "", 0, TRUE);
-        scene->frame.RecordOnly({ HYEL_MENUCHANGED });
+        list.AddItem(own.GetSubMenu(0), 0, nullptr, "", 0, TRUE);
         scene->frame.Clear();
         hytest::PopupMenuRecorder menus;
         menus.Choose(c.choose);
         const int before = list.GetItemMenuIndex(c.row);
-        const CPoint at = list.Rects(c.row).label.CenterPoint();
+        CPoint at = list.Rects(c.row).label.CenterPoint();
         hytest::Click(list, at.x, at.y);
         ASSERT_EQ(menus.Count(), 1);
+        // Flags, the click's point on screen, the list as owner, one mark: the entry chosen before.
         const hytest::PopupMenuCall& call = menus.Calls()[0];
-        CPoint screen(at);
-        list.ClientToScreen(&screen);
-        EXPECT_EQ(call.flags, 0x0106u);
-        EXPECT_EQ(CPoint(call.x, call.y), screen);
-        EXPECT_EQ(call.owner, list.m_hWnd);
-        for (size_t i = 0; i < call.items.size(); ++i)
-            EXPECT_EQ(call.items[i].checked(), (int)i == before) << i;
-        CString label;
-        list.GetItemLabel(c.row, label);
-        std::string outcome = std::string(label) + " " + std::to_string(list.GetItemMenuIndex(c.row)) + " ";
-        const hytest::Msg* post = scene->frame.Last(HYEL_MENUCHANGED);
-        outcome += post ? "post " + std::to_string(LOWORD(post->lParam)) + "," + std::to_string(HIWORD(post->lParam)) : "-";
-        EXPECT_EQ(outcome, c.outcome);
-        EXPECT_EQ(scene->frame.Count(HYEL_MENUCHANGED), post ? 1u : 0u);
-        if (post) {
-            EXPECT_TRUE(!post->sent && post->wParam == EditScene::kListId);
-        }
-        EXPECT_EQ(list.GetSelectedCount(), 0);   // a label click opens no row
+        std::string marks;
+        for (const hytest::MenuItem& item : call.items)
+            marks += item.checked() ? 'x' : '-';
+        list.ClientToScreen(&at);
+        EXPECT_TRUE(call.flags == 0x0106u && CPoint(call.x, call.y) == at && call.owner == list.m_hWnd) << c.outcome;
+        EXPECT_EQ(marks, std::string(marks.size(), '-').replace(before, 1, "x")) << c.outcome;
+        std::string outcome = list.Label(c.row) + " " + std::to_string(list.GetItemMenuIndex(c.row)) + " -";
+        for (const hytest::Msg& m : scene->frame.Messages())   // posted, with the list's id
+            outcome.replace(outcome.size() - 1, 1, (m.sent || m.wParam != EditScene::kListId ? "bad " : "post ") +
+                                                      std::to_string(LOWORD(m.lParam)) + "," + std::to_string(HIWORD(m.lParam)));
+        EXPECT_EQ(outcome + (list.GetSelectedCount() ? " open" : ""), c.outcome);   // a label click opens no row
     }
-    EXPECT_TRUE(hytest::ReadMenu(own)[0].checked());   // the caller's menu keeps its mark
+    EXPECT_TRUE(hytest::ReadMenu(*own.GetSubMenu(0))[0].checked());   // the caller's menu keeps its mark
 }
 
-TEST_F(EditInput, RecordsNumbersMenuInfoAndCheckedIndexes)
+TEST_F(EditInput, RecordsNumbersMenuInfoAndTheSelectionWalk)
 {
     for (const char* label : { "a", "b", "c" })
         list.AddItem(label, "", 0, FALSE);
     list.DeleteItem(0, FALSE);
     list.AddItem("d", "", 0, FALSE);
-    std::string numbers;
-    for (int i = 0; i < list.GetItemCount(); ++i)
-        numbers += std::to_string(list.GetItem(i)->number);
-    EXPECT_EQ(numbers, "123");
     // Labels follow the chosen entry unless fixed; a copy shares the menu.
     const int follows = list.AddItem((UINT)EditScene::kMenu, 2, nullptr, "", 0, FALSE);
     const int fixed = list.AddItem((UINT)EditScene::kMenu, 2, "Tel", "", 0, FALSE);
-    list.SetItemMenuIndex(follows, 0);
-    list.SetItemMenuIndex(fixed, 0);
-    CString a, b;
-    list.GetItemLabel(follows, a);
-    list.GetItemLabel(fixed, b);
-    EXPECT_EQ(std::string(a) + "/" + std::string(b) + "/" + std::to_string(list.GetItemMenuIndex(fixed)), "Work/Tel/0");
+    for (int row : { follows, fixed })
+        list.SetItemMenuIndex(row, 0);
+    std::string seen;
+    for (int i = 0; i < list.GetItemCount(); ++i)
+        seen += std::to_string(list.GetItem(i)->number);
+    EXPECT_EQ(seen + " " + list.Label(follows) + " " + list.Label(fixed) + std::to_string(list.GetItemMenuIndex(fixed)),
+              "12345 Work Tel0");
     CMenu own;
     own.CreatePopupMenu();
-    const CListItem copy(*list.GetItem(list.AddItem(&own, 0, nullptr, "", 0, FALSE)));
-    EXPECT_EQ(copy.menu, &own);
+    EXPECT_EQ(CListItem(*list.GetItem(list.AddItem(&own, 0, nullptr, "", 0, FALSE))).menu, &own);
     // A missing row does nothing and answers nothing.
     list.SetItemValue(99, "x", TRUE);
     list.SelectItem(-1, TRUE, TRUE);
-    EXPECT_EQ(list.GetItem(99), nullptr);
-    EXPECT_EQ(list.GetItemMenuIndex(-1), -1);
-    EXPECT_EQ(list.Value(99), "");
+    EXPECT_TRUE(list.GetItem(99) == nullptr && list.GetItemMenuIndex(-1) == -1 && list.Value(99).empty());
     // The walk over the selection: positions are index + 1.
-    list.SelectItem(1, TRUE, FALSE);
-    list.SelectItem(3, TRUE, FALSE);
-    std::string walked;
+    for (int row : { 1, 3 })
+        list.SelectItem(row, TRUE, FALSE);
+    seen.clear();
     for (POSITION pos = list.GetFirstSelectedItemPosition(); pos != nullptr;)
-        walked += std::to_string(list.GetNextSelectedItemIndex(pos));
-    EXPECT_EQ(walked, "13");
+        seen += std::to_string(list.GetNextSelectedItemIndex(pos));
+    EXPECT_EQ(seen, "13");
 }
 
 }  // namespace

@@ -72,10 +72,8 @@ TEST(EditGeometry, EnsureVisibleWheelAndTab)
     EXPECT_EQ((Edges{2, 0, -1, 0}), (Edges{hy::EditWheelLines(-240), hy::EditWheelLines(119),
                                            hy::EditWheelLines(120), hy::EditWheelLines(-119)}));
     const struct { int count, selected; bool backward; int row; bool deselect; int sibling; } rows[] = {
-        {0, -1, false, -1, false, 1},  {0, -1, true, -1, false, -1},   // no rows: the siblings
-        {3, -1, true, 0, false, 0},    {3, -1, false, 0, false, 0},    // none open: row 0 either way
-        {3, 0, true, -1, true, -1},    {3, 2, false, -1, true, 1},     // off either end
-        {3, 1, false, 2, true, 0},     {3, 1, true, 0, true, 0},
+        {0, -1, false, -1, false, 1}, {3, -1, true, 0, false, 0},   // no rows: a sibling; none open: row 0
+        {3, 0, true, -1, true, -1},   {3, 2, false, -1, true, 1},  {3, 1, false, 2, true, 0},
     };
     for (const auto& r : rows) {
         const hy::HyEditTab t = hy::EditTabTarget(r.count, r.selected, r.backward);
