@@ -8,7 +8,8 @@
 // Layout + paint: empty the view, add 200 rows without painting (the list
 // view between WM_SETREDRAW off and on), one RedrawWindow that updates now.
 // Typing: one WM_CHAR to the open editor of row 100 (the list view's:
-// LVM_EDITLABEL's edit), then UpdateWindow; the text is put back untimed.
+// LVM_EDITLABEL's edit; the floor's: a bare multi-line edit like ours), then
+// UpdateWindow; the text is put back untimed.
 // Exit code 0 when every timed repetition painted and did its work, 1
 // otherwise, 2 for a setup failure.
 #include <windows.h>
@@ -20,6 +21,7 @@
 #include <vector>
 
 #include <afxwin.h>
+#include "HyEditMsgs.h"
 #include "HyTheme.h"
 #include "bench_common.h"
 #include "bench_stats.h"
@@ -40,7 +42,7 @@ enum Figure
 
 const char* const kFigureNames[kFigureCount] = { "layout + paint", "typing" };
 const char* const kFigureOptions[kFigureCount] = { "layout", "typing" };
-const bool kTakesPart[kFigureCount][3] = { { true, true, true }, { true, true, false } };
+const bool kTakesPart[kFigureCount][3] = { { true, true, true }, { true, true, true } };
 
 class PeerEditSubject : public BenchEditSubject
 {
@@ -124,9 +126,25 @@ void MeasureLayout(BenchSubject& subject, BenchEditSubject* edits, int reps, Ben
     }
 }
 
-void MeasureTyping(BenchEditSubject& subject, int reps, BenchResult* result)
+// The typing floor: the system's multi-line edit alone, with the in-place
+// editor's style, font and size and row 100's text, the caret at the end.
+HWND OpenBareEdit(BenchSubject& floor)
 {
-    HWND editor = subject.Open(kTypedRow);
+    char label[64], value[128];
+    int choice = -1;
+    BenchEditRowTexts(kTypedRow, label, sizeof label, value, sizeof value, choice);
+    HWND edit = ::CreateWindowEx(0, "EDIT", value, HYEL_EDITOR_STYLE | WS_VISIBLE, 0, 0, kClient.cx * 2 / 3, 16,
+                                 floor.Control(), nullptr, ::GetModuleHandle(nullptr), nullptr);
+    ::SendMessage(edit, WM_SETFONT, (WPARAM)HYThemeGetFont(HYFONT_STANDARD)->GetSafeHandle(), FALSE);
+    ::SetFocus(edit);
+    ::SendMessage(edit, EM_SETSEL, std::strlen(value), std::strlen(value));
+    ::UpdateWindow(floor.Control());
+    return edit;
+}
+
+void MeasureTyping(BenchSubject& subject, BenchEditSubject* edits, int reps, BenchResult* result)
+{
+    HWND editor = edits != nullptr ? edits->Open(kTypedRow) : OpenBareEdit(subject);
     if (editor == nullptr)
     {
         for (int i = 0; i < reps; ++i)
@@ -151,6 +169,8 @@ void MeasureTyping(BenchEditSubject& subject, int reps, BenchResult* result)
         BenchRecord(result, t1 - t0, painted, right);
     }
     BenchStopCountingPaints(editor);
+    if (edits == nullptr)
+        ::DestroyWindow(editor);
 }
 
 } // namespace
@@ -205,7 +225,7 @@ int main(int argc, char** argv)
             if (figure == kLayout)
                 MeasureLayout(*subjects[index], edits[index], options.reps, result);
             else
-                MeasureTyping(*edits[index], options.reps, result);
+                MeasureTyping(*subjects[index], edits[index], options.reps, result);
         });
 
     const bool sound = BenchPrintResults(results, kFigureCount, subjects, subjectCount, kFigureNames,
@@ -218,7 +238,8 @@ int main(int argc, char** argv)
                     "not comparable\n");
     if (options.only == nullptr && options.figure == nullptr)
     {
-        std::printf("\nours/floor (layout + paint) %.1f\n", median(kLayout, 0) / median(kLayout, 2));
+        std::printf("\nours/floor: layout + paint %.1f, typing %.2f (the floor of typing: the system's edit alone)\n",
+                    median(kLayout, 0) / median(kLayout, 2), median(kTyping, 0) / median(kTyping, 2));
         std::printf("editlist ours/peer: layout+paint %.2f, typing %.2f (medians)\n",
                     median(kLayout, 0) / median(kLayout, 1), median(kTyping, 0) / median(kTyping, 1));
     }

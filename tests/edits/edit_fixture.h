@@ -20,14 +20,13 @@ public:
 
     CListItemRects Rects(int i) { return (GetItemRects(i, rects), rects); }
     int Pos() const { return ScrollPos(); }
-    int Height(int i) const { return (GetItemSize(i, nullptr, &height), height); }
+    int Height(int i) const { int h = 0; return (GetItemSize(i, nullptr, &h), h); }
     std::string Value(int i) { return (GetItemValue(i, text), std::string(text)); }
     std::string Label(int i) { return (GetItemLabel(i, text), std::string(text)); }
     CRect EditorRect() { return (editor.GetWindowRect(&rects.cell), ScreenToClient(&rects.cell), rects.cell); }
 
 private:
     CListItemRects rects;
-    mutable int height = 0;
     CString text;
 };
 

@@ -23,7 +23,6 @@ TEST_F(EditLayout, RowsGrowWithTheirLines)
     twin.Create(HYEL_EDITOR_STYLE, CRect(0, 0, 220, list.rowHeight), &scene->parent, 3);
     CRect format;
     twin.GetRect(&format);
-    twin.DestroyWindow();
     const int rh = list.rowHeight, lh = format.Height() - 2;
     ASSERT_EQ(list.lineHeight, lh);
     // Rows: one line, a value one and a half lines wide, three lines, 4 rows empty, typed.
@@ -119,6 +118,8 @@ TEST_F(EditLayout, PaintsBackgroundCellsFramesValuesLabelsAndFocus)
               (std::vector<COLORREF>{ selected, selected, light }));
     const RECT ink = open.Ink(last.value, window);
     EXPECT_FALSE(::IsRectEmpty(&ink));
+    ::SetFocus(scene->frame);   // the first open row closes; no focus, no mark
+    EXPECT_EQ(Renderer(list).At(row.label.left - 2, y), light);
 }
 
 TEST_F(EditLayout, ObjectsSteady)
