@@ -124,12 +124,8 @@ int main(int argc, char** argv)
                              "[--only ours|peer|floor|ours1k] [--figure repaint|scroll|sort|click]\n");
         return 2;
     }
-    INITCOMMONCONTROLSEX icc = { sizeof icc, ICC_LISTVIEW_CLASSES };
-    if (!::InitCommonControlsEx(&icc))
-    {
-        std::fprintf(stderr, "bench_cards: InitCommonControlsEx failed\n");
+    if (!BenchInitListViews("bench_cards"))
         return 2;
-    }
     const SIZE size = options.size.cx > 0 ? options.size : DefaultSize();
     const int screenWidth = ::GetSystemMetrics(SM_CXSCREEN), screenHeight = ::GetSystemMetrics(SM_CYSCREEN);
     if (size.cx > screenWidth || size.cy > screenHeight)

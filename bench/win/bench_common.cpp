@@ -187,3 +187,12 @@ bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, Ben
     }
     return sound;
 }
+
+bool BenchInitListViews(const char* program)
+{
+    INITCOMMONCONTROLSEX icc = { sizeof icc, ICC_LISTVIEW_CLASSES };
+    if (::InitCommonControlsEx(&icc))
+        return true;
+    std::fprintf(stderr, "%s: InitCommonControlsEx failed\n", program);
+    return false;
+}

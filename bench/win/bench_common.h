@@ -21,6 +21,10 @@ struct BenchOptions
 // `takesSizeAndFigure`, --size WxH and --figure NAME. False for anything else.
 bool BenchParseOptions(int argc, char** argv, bool takesSizeAndFigure, BenchOptions& options);
 
+// Registers the list view's classes; false, with a message naming the
+// program, when the system refuses.
+bool BenchInitListViews(const char* program);
+
 // Milliseconds from QueryPerformanceCounter.
 double BenchNow();
 

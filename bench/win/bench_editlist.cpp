@@ -184,12 +184,8 @@ int main(int argc, char** argv)
                              "[--figure layout|typing]\n");
         return 2;
     }
-    INITCOMMONCONTROLSEX icc = { sizeof icc, ICC_LISTVIEW_CLASSES };
-    if (!::InitCommonControlsEx(&icc))
-    {
-        std::fprintf(stderr, "bench_editlist: InitCommonControlsEx failed\n");
+    if (!BenchInitListViews("bench_editlist"))
         return 2;
-    }
     std::unique_ptr<BenchEditSubject> ours = BenchCreateOurEditList(kClient);
     std::unique_ptr<PeerEditSubject> peer(new PeerEditSubject);
     std::unique_ptr<BenchCardSubject> floor = BenchCreateFloor(kClient);
