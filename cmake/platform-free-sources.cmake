@@ -10,6 +10,7 @@ set(HY_PLATFORM_FREE_SOURCES
   hyui/cards/HyCardMarkup.cpp
   hyui/cards/HyCardGrid.cpp
   hyui/edits/HyEditGeometry.cpp
+  hyui/edits/HyTimeText.cpp
 )
 set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/frame

@@ -13,7 +13,7 @@ void EditScene::Run(const std::string& script)
     for (std::string step; steps >> step;) {
         const char what = step[0];
         const int n = std::isdigit((unsigned char)step.back()) ? std::stoi(step.substr(1)) : 0;
-        hytest::Modifiers held(what == 'S' ? hytest::kShift : 0);
+        hytest::Modifiers held(what == 'S' ? +hytest::kShift : 0u);
         switch (what) {
         case 'c': case 'l': Click(n, what == 'l'); break;
         case 'd': list.DeleteItem(n, TRUE); break;

@@ -41,8 +41,10 @@ bool IsExtended(UINT vk)
 
 LPARAM KeyLParam(UINT vk, bool up, bool wasDown)
 {
+    const bool keypadEnter = vk == kKeypadEnter;
+    vk &= 0xFFFF;
     LPARAM l = 1 | (static_cast<LPARAM>(MapVirtualKeyA(vk, MAPVK_VK_TO_VSC) & 0xFF) << 16);
-    if (IsExtended(vk))
+    if (IsExtended(vk) || keypadEnter)
         l |= LPARAM(1) << 24;
     if (wasDown || up)
         l |= LPARAM(1) << 30;
@@ -127,15 +129,15 @@ void MouseWheel(HWND hwnd, int x, int y, int delta)
 
 void KeyDown(HWND hwnd, UINT vk)
 {
-    const bool wasDown = IsDown(vk);
-    SetKey(vk, true);
-    PostAndPump(hwnd, WM_KEYDOWN, vk, KeyLParam(vk, false, wasDown));
+    const bool wasDown = IsDown(vk & 0xFFFF);
+    SetKey(vk & 0xFFFF, true);
+    PostAndPump(hwnd, WM_KEYDOWN, vk & 0xFFFF, KeyLParam(vk, false, wasDown));
 }
 
 void KeyUp(HWND hwnd, UINT vk)
 {
-    SetKey(vk, false);
-    PostAndPump(hwnd, WM_KEYUP, vk, KeyLParam(vk, true, true));
+    SetKey(vk & 0xFFFF, false);
+    PostAndPump(hwnd, WM_KEYUP, vk & 0xFFFF, KeyLParam(vk, true, true));
 }
 
 void KeyPress(HWND hwnd, UINT vk)

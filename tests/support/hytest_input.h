@@ -51,6 +51,8 @@ void MouseWheel(HWND hwnd, int x, int y, int delta);
 // WM_KEYDOWN with repeat count,
 // scan code, extended-key and context bits; the pump translates it, so a
 // character key also delivers its WM_CHAR.
+// kKeypadEnter: VK_RETURN with the extended-key bit, the numeric keypad's Enter.
+constexpr UINT kKeypadEnter = 0x10000 | VK_RETURN;
 void KeyDown(HWND hwnd, UINT vk);
 void KeyUp(HWND hwnd, UINT vk);
 void KeyPress(HWND hwnd, UINT vk);  // down then up

@@ -1,0 +1,114 @@
+// Time fields without a window: reading a loosely typed time ("9", "930",
+// "9:3", "7p") into hours and minutes rounded to five, the quarter-hour steps
+// of + and -, what each typed character does, the spin field's three parts
+// and its steps, and the number field's minimum. Platform-free; the edit
+// classes (HyEditTime.h) call these and do only what needs a window.
+#pragma once
+
+#include "HyUIExport.h"
+
+#include <string>
+
+// The regional rules a time field reads once.
+struct HyTimeRules
+{
+    std::string separator = ":";   // its first character marks the separator
+    std::string am = "AM", pm = "PM";   // designators; compared upper-cased, an empty one matches nothing
+    bool is24Hour = false;
+    int pmBefore = 0;              // 12-hour clock: an unmarked hour below this is afternoon
+};
+
+// What a time field knows of its text.
+struct HyTimeFields
+{
+    int hours = -1;                // -1: no time
+    int minutes = 0;
+    bool valid = false;
+    bool forceAM = false, forcePM = false;
+    bool hasSeparator = false;
+};
+
+// What reading did to the text.
+enum class HyTimeTextChange
+{
+    Unchanged,
+    Emptied,                       // the separator alone: the field is emptied
+    Rewritten,                     // `text` replaces it, the caret at its end
+};
+
+struct HyTimeRead
+{
+    HyTimeTextChange change = HyTimeTextChange::Unchanged;
+    std::string text;
+};
+
+// What a typed character does.
+enum class HyTimeKey
+{
+    General,                       // insert it (after HyTimeBeforeInsert), then read unless Backspace
+    StepUp,                        // +, =, or Space in an incomplete entry: a quarter hour later
+    StepDown,                      // -
+    ForceAM,                       // A: morning (refused on a 24-hour clock or without a time)
+    ForcePM,                       // P
+    Drop,                          // anything else: dropped without a sound
+};
+
+// The parts of the spin field's text, as selections [start, end).
+enum class HySpinPart
+{
+    Hours,
+    Minutes,
+    Designator,
+};
+
+struct HySpan
+{
+    int start, end;
+};
+
+namespace hy {
+
+// Digits from the start of `text` (a sign or a blank reads 0), saturating at
+// 99,999,999 so that later arithmetic never overflows.
+HYUI_API int TimeNumber(const std::string& text);
+
+// Reads the text into `fields`: a word ("None", any text with N, O or E) is
+// left alone; designators in the text set a mark unless the other one is
+// set; then the text's shape gives hours and minutes, the 12-hour rule
+// applies, and the result is rounded, carried once and capped at 23:55.
+HYUI_API HyTimeRead ReadTime(const std::string& text, const HyTimeRules& rules, HyTimeFields& fields);
+
+// Rounds to a multiple of 5: a remainder of 1 or 2 rounds down, 3 or 4 up.
+HYUI_API void RoundMinutes(int& minutes);
+
+// A quarter hour later (up) or earlier, not rounded, stopping at 23:55 and
+// 0:00. False, and nothing changed, where the field beeps instead.
+HYUI_API bool StepQuarter(HyTimeFields& fields, bool up);
+
+// What the character does in a field holding `fields`. `allowed` is the
+// field's digits and separator.
+HYUI_API HyTimeKey ClassifyTimeChar(unsigned char ch, const HyTimeFields& fields, const std::string& allowed);
+
+// Before a general insertion into `text`: the marks a P or an A in the text
+// sets; answers whether the whole text is to be selected (it is a word, so
+// the character replaces it).
+HYUI_API bool TimeBeforeInsert(const std::string& text, HyTimeFields& fields);
+
+// The spin field's part under character `index` of a text whose separator is
+// at `separatorAt`, and a part's selection.
+HYUI_API HySpinPart SpinPartAt(int index, int separatorAt);
+HYUI_API HySpan SpinSpan(HySpinPart part, int separatorAt);
+
+// One spin step of the part holding selection start `selStart`: the new
+// value is the old minus `delta`. Hours wrap within 0..23, or 12..23 with
+// the afternoon forced, or 0..11, whatever the hours were; the designator
+// flips both marks and moves the hours by 12; minutes step by 5 (delta 0
+// adds 5) and wrap without carrying. Answers the part stepped.
+HYUI_API HySpinPart SpinStep(HyTimeFields& fields, bool is24Hour, int selStart, int separatorAt, int delta);
+
+// The number field's minimum, read as "%d" reads: leading blanks and a sign
+// count, overflow saturates. Answers the replacement text when the text is
+// empty or holds a number below `minimum`; false when it stays.
+HYUI_API bool NumberBelowMinimum(const std::string& text, int minimum, std::string& replacement);
+
+}  // namespace hy
