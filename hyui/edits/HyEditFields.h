@@ -8,17 +8,8 @@
 
 #include <afxwin.h>
 #include <afxcmn.h>
+#include "HyEditMsgs.h"
 #include "HyUIExport.h"
-
-enum : unsigned
-{
-    HYRE_DBLCLK = 0x2400,        // posted: a double click while not editable
-    HYRE_RBUTTONUP = 0x2401,     // posted: wParam the point on screen (x low, y high)
-    HYRE_ENTER = 0x2402,         // sent: the keypad's Enter released
-    HYRE_KILLFOCUS = 0x2403,     // sent: the focus went
-    HYRE_LBUTTONDOWN = 0x2404,   // posted
-    HYRE_TAB = 0x2405,           // posted: wParam 1 for Tab, 0 for Shift+Tab
-};
 
 class HYUI_API CHyNumEdit : public CEdit
 {

@@ -11,6 +11,23 @@ enum : unsigned
     HYEL_CHARENTERED = 0x04B5,     // any other character typed in the editor
 };
 
+// The time fields and their spin button to the parent (posted).
+enum : unsigned
+{
+    HYET_STEPKEY = 0x1D80,         // wParam control id, lParam +1 (Down, Page Down), -1 (Up, Page Up) or 0
+};
+
+// The note field to its parent.
+enum : unsigned
+{
+    HYRE_DBLCLK = 0x2400,          // posted: a double click while not editable
+    HYRE_RBUTTONUP = 0x2401,       // posted: wParam the point on screen (x low, y high)
+    HYRE_ENTER = 0x2402,           // sent: the keypad's Enter released
+    HYRE_KILLFOCUS = 0x2403,       // sent: the focus went
+    HYRE_LBUTTONDOWN = 0x2404,     // posted
+    HYRE_TAB = 0x2405,             // posted: wParam 1 for Tab, 0 for Shift+Tab
+};
+
 enum : int
 {
     HYEL_LABEL_LEFT = 6,           // labelStyle: left-aligned label; any other value right-aligns it

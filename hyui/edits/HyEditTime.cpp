@@ -130,43 +130,23 @@ void CHyEditTime::ReadTime(int)
 
 void CHyEditTime::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    HyTimeFields f = Fields();
-    const HyTimeKey kind = hy::ClassifyTimeChar((unsigned char)nChar, f, (LPCTSTR)allowedChars);
-    switch (kind) {
-    case HyTimeKey::StepUp:
-    case HyTimeKey::StepDown:
-        if (!hy::StepQuarter(f, kind == HyTimeKey::StepUp))
-            return Beep();
-        Store(f);
-        FormatTime();   // steps are not rounded
-        return;
-    case HyTimeKey::ForceAM:
-    case HyTimeKey::ForcePM:
-        if (is24Hour || hours == -1)
-            return Beep();
-        forceAM = (nChar | 0x20) == 'a';
-        forcePM = !forceAM;
-        ReadTime(0);
-        FormatTime();
-        SetSel(0, -1);
-        return;
-    case HyTimeKey::Drop:
-        return;
-    case HyTimeKey::General:
-        break;
-    }
-    if (nChar == '\b')
-        valid = 0;
     CString text;
     GetWindowText(text);
-    const bool word = hy::TimeBeforeInsert((LPCTSTR)text, f);
-    forceAM = f.forceAM;
-    forcePM = f.forcePM;
-    if (word)   // the typed character replaces "None"
+    HyTimeFields f = Fields();
+    const HyTimeCharPlan plan = hy::PlanTimeChar((unsigned char)nChar, (LPCTSTR)text, f, Rules(), (LPCTSTR)allowedChars);
+    Store(f);
+    if (plan.beep)
+        return Beep();
+    if (plan.selectAllFirst)   // the typed character replaces "None"
         SetSel(0, -1);
-    CTernEdit::OnChar(nChar, nRepCnt, nFlags);
-    if (nChar != '\b')
+    if (plan.insert)
+        CTernEdit::OnChar(nChar, nRepCnt, nFlags);
+    if (plan.read)
         ReadTime(0);
+    if (plan.format)
+        FormatTime();
+    if (plan.selectAllAfter)
+        SetSel(0, -1);
 }
 
 void CHyEditTime::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)

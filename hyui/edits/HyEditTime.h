@@ -10,16 +10,12 @@
 
 #include <afxwin.h>
 #include <afxcmn.h>
+#include "HyEditMsgs.h"
 #include "HyTernEdit.h"
 #include "HyUIExport.h"
 
 struct HyTimeFields;
 struct HyTimeRules;
-
-enum : unsigned
-{
-    HYET_STEPKEY = 0x1D80,   // posted: wParam control id, lParam +1 (Down, Page Down), -1 (Up, Page Up) or 0
-};
 
 class HYUI_API CHyEditTime : public CTernEdit
 {

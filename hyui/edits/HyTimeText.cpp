@@ -187,6 +187,39 @@ HyTimeKey ClassifyTimeChar(unsigned char ch, const HyTimeFields& f, const std::s
     }
 }
 
+HyTimeCharPlan PlanTimeChar(unsigned char ch, const std::string& text, HyTimeFields& f, const HyTimeRules& rules,
+                            const std::string& allowed)
+{
+    HyTimeCharPlan plan;
+    const HyTimeKey kind = ClassifyTimeChar(ch, f, allowed);
+    switch (kind) {
+    case HyTimeKey::StepUp:
+    case HyTimeKey::StepDown:   // steps are not rounded
+        plan.beep = !StepQuarter(f, kind == HyTimeKey::StepUp);
+        plan.format = !plan.beep;
+        break;
+    case HyTimeKey::ForceAM:
+    case HyTimeKey::ForcePM:
+        plan.beep = rules.is24Hour || f.hours == -1;
+        if (!plan.beep) {
+            f.forceAM = kind == HyTimeKey::ForceAM;
+            f.forcePM = !f.forceAM;
+            plan.read = plan.format = plan.selectAllAfter = true;
+        }
+        break;
+    case HyTimeKey::General:
+        if (ch == '\b')
+            f.valid = false;
+        plan.selectAllFirst = TimeBeforeInsert(text, f);
+        plan.insert = true;
+        plan.read = ch != '\b';
+        break;
+    case HyTimeKey::Drop:
+        break;
+    }
+    return plan;
+}
+
 bool TimeBeforeInsert(const std::string& original, HyTimeFields& f)
 {
     const std::string text = Upper(original);

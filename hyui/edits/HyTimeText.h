@@ -66,6 +66,17 @@ struct HySpan
     int start, end;
 };
 
+// What the field does with one typed character, in this order.
+struct HyTimeCharPlan
+{
+    bool beep = false;             // refused, with the exclamation sound; nothing else happens
+    bool selectAllFirst = false;   // the text is a word: the character replaces it
+    bool insert = false;           // the edit inserts the character (Backspace: deletes)
+    bool read = false;             // then the text is read
+    bool format = false;           // then the time is shown in the user's format
+    bool selectAllAfter = false;
+};
+
 namespace hy {
 
 // Digits from the start of `text` (a sign or a blank reads 0), saturating at
@@ -84,6 +95,11 @@ HYUI_API void RoundMinutes(int& minutes);
 // A quarter hour later (up) or earlier, not rounded, stopping at 23:55 and
 // 0:00. False, and nothing changed, where the field beeps instead.
 HYUI_API bool StepQuarter(HyTimeFields& fields, bool up);
+
+// The plan for a character typed into `text`; the steps and marks it sets
+// are applied to `fields` at once. `allowed` is the digits and the separator.
+HYUI_API HyTimeCharPlan PlanTimeChar(unsigned char ch, const std::string& text, HyTimeFields& fields,
+                                     const HyTimeRules& rules, const std::string& allowed);
 
 // What the character does in a field holding `fields`. `allowed` is the
 // field's digits and separator.

@@ -1,8 +1,7 @@
-// Time text without a window: every worked example typed key by key and
-// pasted on both clocks, through a model of the field that applies each
-// character as the time edit does; properties of typed digits and
-// separators, of the spin field's texts and of its steps; the number
-// field's minimum.
+// Time text without a window: the worked examples typed key by key (through
+// a model of the field that applies each character as the time edit does)
+// and pasted, on both clocks; properties of typed digits and separators, of
+// the spin field's texts and steps.
 #include "HyTimeText.h"
 
 #include <gtest/gtest.h>
@@ -10,118 +9,70 @@
 #include <cstdio>
 #include <random>
 #include <string>
-#include <vector>
 
 namespace {
 
-// The time edit's character handling over a text whose caret is at its end;
-// the regional format is "h:mm AM" or "H:mm".
-struct Field
+// A character's plan carried out on a text whose caret is at its end; the
+// regional format is "h:mm AM" or "H:mm". Answers false for a beep.
+bool Key(std::string& text, HyTimeFields& f, const HyTimeRules& rules, char ch)
 {
-    HyTimeRules rules;
-    HyTimeFields f;
-    std::string text;
-    int beeps = 0;
+    const HyTimeCharPlan plan = hy::PlanTimeChar((unsigned char)ch, text, f, rules, "0123456789:");
+    text = plan.selectAllFirst ? "" : text;
+    text = plan.insert ? text + ch : text;
+    const HyTimeRead read = plan.read ? hy::ReadTime(text, rules, f) : HyTimeRead{};
+    text = read.change == HyTimeTextChange::Unchanged ? text : read.text;
+    char shown[32];
+    std::snprintf(shown, sizeof shown, rules.is24Hour ? "%d:%02d" : "%d:%02d %s",
+                  rules.is24Hour ? f.hours : (f.hours + 11) % 12 + 1, f.minutes, f.hours < 12 ? "AM" : "PM");
+    text = plan.format && f.hours <= 24 && f.minutes <= 60 ? shown : text;
+    return !plan.beep;
+}
 
-    void Format()
-    {
-        char shown[32];
-        const int h = f.hours % 12 == 0 ? 12 : f.hours % 12;
-        if (rules.is24Hour)
-            std::snprintf(shown, sizeof shown, "%d:%02d", f.hours, f.minutes);
-        else
-            std::snprintf(shown, sizeof shown, "%d:%02d %s", h, f.minutes, f.hours < 12 ? "AM" : "PM");
-        if (f.hours <= 24 && f.minutes <= 60)
-            text = shown;
-    }
-    void Read()
-    {
-        const HyTimeRead read = hy::ReadTime(text, rules, f);
-        if (read.change != HyTimeTextChange::Unchanged)
-            text = read.text;
-    }
-    void Key(char ch)
-    {
-        const HyTimeKey kind = hy::ClassifyTimeChar((unsigned char)ch, f, "0123456789" + rules.separator);
-        switch (kind) {
-        case HyTimeKey::StepUp:
-        case HyTimeKey::StepDown:
-            hy::StepQuarter(f, kind == HyTimeKey::StepUp) ? Format() : (void)++beeps;
-            break;
-        case HyTimeKey::ForceAM:
-        case HyTimeKey::ForcePM:
-            if (rules.is24Hour || f.hours == -1)
-                return (void)++beeps;
-            f.forceAM = (ch | 0x20) == 'a';
-            f.forcePM = !f.forceAM;
-            Read();
-            Format();
-            break;
-        case HyTimeKey::General:
-            f.valid = ch == '\b' ? false : f.valid;
-            if (hy::TimeBeforeInsert(text, f))
-                text.clear();
-            ch == '\b' ? (text.empty() ? void() : text.pop_back()) : (text += ch, Read());
-            break;
-        case HyTimeKey::Drop:
-            break;
-        }
-    }
-    std::string Outcome() const
-    {
-        return text + " = " + std::to_string(f.hours) + ":" + std::to_string(f.minutes) + (f.valid ? "" : " invalid") +
-               (beeps ? " beep" : "");
-    }
-};
-
-// Clock, pmBefore, a starting time (-1: none; set as SetTime sets it, which
-// leaves the field invalid), the keys, and the outcome: text = hours:minutes.
-// "|" before the keys pastes them at once instead.
+// Clock, pmBefore, a time set first (as SetTime sets it, leaving the field
+// invalid; -1: none), the keys, and the outcome typed, then the same keys
+// pasted at once: text = hours:minutes, "!" for a beep, "?" while invalid (a
+// sign or a letter pasted alone reads as 0).
 struct Example { bool is24; int pmBefore, hours, minutes; const char *keys, *outcome; };
 
 const Example kExamples[] = {
-    { false, 0, -1, 0, "93", "9:3 = 9:30" },   // two digits above 12 split
-    { false, 0, -1, 0, "930", "9:30 = 9:30" },
-    { false, 0, -1, 0, "|930", "93:0 = 23:55" },   // pasted: 93 hours, capped
-    { false, 8, -1, 0, "13", "1:3 = 13:30" },
-    { false, 8, -1, 0, "7", "7 = 19:0" },
-    { false, 8, -1, 0, "8", "8 = 8:0" },
-    { false, 8, -1, 0, "12", "12 = 12:0" },
-    { false, 8, -1, 0, "12A", "12:00 AM = 0:0" },   // midnight
-    { false, 0, -1, 0, "75", "7:5 = 7:50" },
-    { true, 0, -1, 0, "75", "7:5 = 7:50" },
-    { true, 0, -1, 0, "13", "13 = 13:0" },
-    { false, 0, 23, 50, "+", "11:55 PM = 23:55 invalid" },
-    { false, 0, 0, 10, "-", "12:00 AM = 0:0 invalid" },
-    { false, 0, -1, 0, "9:58", "9:58 = 10:0" },
-    { false, 0, -1, 0, "9:57", "9:57 = 9:55" },
-    { true, 0, 9, 0, "A", " = 9:0 invalid beep" },   // A on a 24-hour clock only beeps
-    { false, 0, -1, 0, "123", "12:3 = 12:30" },
-    { false, 0, -1, 0, "|1234", "12:34 = 13:280" },   // pasted runs read literally
-    { false, 8, -1, 0, "7p", "7:00 PM = 19:0" },
-    { false, 0, -1, 0, ":", " = -1:0 invalid" },   // the separator alone empties the field
-    { false, 0, -1, 0, "|None", "None = -1:0 invalid" },   // a word stays
-    { false, 0, -1, 0, "|99999999999:99", "99999999999:99 = 23:55" },
-    { false, 0, -1, 0, "9 ", "9:15 AM = 9:15" },   // Space in an incomplete entry steps
-    { false, 0, -1, 0, "9:3 ", "9:3  = 9:5" },   // and is typed into a complete one
-    { false, 0, 0, 0, "-", " = 0:0 invalid beep" },
-    { false, 0, -1, 0, "+", " = -1:0 invalid beep" },
+    { false, 0, -1, 0, "930", "9:30 = 9:30 / 93:0 = 23:55" },   // pasted: 93 hours, capped
+    { false, 8, -1, 0, "13", "1:3 = 13:30 / 1:3 = 13:30" },
+    { false, 8, -1, 0, "7", "7 = 19:0 / 7 = 19:0" },
+    { false, 8, -1, 0, "8", "8 = 8:0 / 8 = 8:0" },
+    { false, 8, -1, 0, "12", "12 = 12:0 / 12 = 12:0" },
+    { false, 8, -1, 0, "12A", "12:00 AM = 0:0 / 1 = 13:0" },   // midnight; pasted, "A" cuts to a digit
+    { false, 0, -1, 0, "75", "7:5 = 7:50 / 7:5 = 7:50" },
+    { true, 0, -1, 0, "75", "7:5 = 7:50 / 7:5 = 7:50" },
+    { true, 0, -1, 0, "13", "13 = 13:0 / 13 = 13:0" },
+    { false, 0, 23, 50, "+", "11:55 PM = 23:55? / + = 0:0" },
+    { false, 0, 0, 10, "-", "12:00 AM = 0:0? / - = 0:0" },
+    { false, 0, -1, 0, "9:58", "9:58 = 10:0 / 9:58 = 10:0" },
+    { false, 0, -1, 0, "9:57", "9:57 = 9:55 / 9:57 = 9:55" },
+    { true, 0, 9, 0, "A", " = 9:0?! / A = 0:0" },
+    { false, 0, -1, 0, "1234", "12:34 = 12:35 / 12:34 = 13:280" },   // pasted runs read literally
+    { false, 0, -1, 0, ":", " = -1:0? /  = -1:0?" },   // the separator alone empties the field
+    { false, 0, -1, 0, "None", " = -1:0? / None = -1:0?" },   // letters typed are dropped; pasted, a word stays
+    { false, 0, -1, 0, "99999999999:99", "9:9999999999:99 = 10:40 / 99999999999:99 = 23:55" },
+    { false, 0, -1, 0, "9 ", "9:15 AM = 9:15 / 9  = 9:0" },   // Space steps an incomplete entry
 };
 
 TEST(TimeText, WorkedExamplesTypedAndPasted)
 {
     for (const Example& e : kExamples) {
-        Field field{ { ":", "AM", "PM", e.is24, e.pmBefore }, {} };
-        field.f.hours = e.hours;
-        field.f.minutes = e.minutes;
-        if (e.keys[0] == '|') {
-            field.text = e.keys + 1;
-            field.Read();
-        } else {
-            for (const char* k = e.keys; *k; ++k)
-                field.Key(*k);
+        std::string outcome;
+        for (bool pasted : { false, true }) {
+            const HyTimeRules rules{ ":", "AM", "PM", e.is24, e.pmBefore };
+            HyTimeFields f{ e.hours, e.minutes };
+            std::string text = pasted ? e.keys : "";
+            bool quiet = true;
+            for (const char* k = e.keys; *k && !pasted; ++k)
+                quiet = Key(text, f, rules, *k) && quiet;
+            const HyTimeRead read = pasted ? hy::ReadTime(text, rules, f) : HyTimeRead{};
+            text = read.change == HyTimeTextChange::Unchanged ? text : read.text;
+            outcome += text + " = " + std::to_string(f.hours) + ":" + std::to_string(f.minutes) + (f.valid ? "" : "?") +
+                       (quiet ? "" : "!") + (pasted ? "" : " / ");
         }
-        EXPECT_EQ(field.Outcome(), e.outcome) << e.keys << (e.is24 ? " (24-hour)" : "");
+        EXPECT_EQ(outcome, e.outcome) << e.keys << (e.is24 ? " (24-hour)" : "");
     }
 }
 
@@ -132,91 +83,48 @@ TEST(TimeText, TypedDigitsAndSeparatorsEndAsATimeOfTheDay)
 {
     std::mt19937 random(20261123);
     for (int round = 0; round < 40000; ++round) {
-        const bool separators = round % 2 == 1;
-        Field field{ { ":", "AM", "PM", round % 4 < 2, (round / 4) % 14 }, {} };
-        const int length = 1 + (int)(random() % 5);
-        std::string keys;
-        for (int i = 0; i < length; ++i)
-            keys += separators && random() % 4 == 0 ? ':' : (char)('0' + random() % 10);
+        const HyTimeRules rules{ ":", "AM", "PM", round % 4 < 2, (round / 4) % 14 };
+        HyTimeFields f;
+        std::string text, keys;
+        for (int i = 0, n = 1 + (int)(random() % 5); i < n; ++i)
+            keys += round % 2 && random() % 4 == 0 ? ':' : (char)('0' + random() % 10);
         for (char k : keys)
-            field.Key(k);
-        if (!separators)
-            ASSERT_TRUE(field.f.valid) << keys;
-        if (field.f.valid)
-            ASSERT_TRUE(field.f.hours >= 0 && field.f.hours * 100 + field.f.minutes <= 2355 && field.f.minutes >= 0 &&
-                        field.f.minutes <= 55 && field.f.minutes % 5 == 0)
-                << keys << " -> " << field.Outcome();
+            Key(text, f, rules, k);
+        ASSERT_TRUE(f.valid || round % 2) << keys;
+        ASSERT_TRUE(!f.valid || (f.hours >= 0 && f.hours * 100 + f.minutes <= 2355 && f.minutes >= 0 && f.minutes <= 55 &&
+                                 f.minutes % 5 == 0)) << keys << " -> " << f.hours << ":" << f.minutes;
     }
 }
 
-// Every text the spin field shows, on both clocks, reads back to its time
-// from clear marks.
-TEST(TimeText, SpinTextsReadBackToThemselves)
+// Every text the spin field shows reads back to its time from clear marks;
+// spin steps wrap at both ends of every range ("09:30 AM": p = 2).
+TEST(TimeText, SpinTextsReadBackAndStepsWrap)
 {
     for (bool is24 : { false, true })
         for (int minute = 0; minute < 24 * 60; minute += 5) {
             const int h = minute / 60, m = minute % 60;
             char text[16];
-            if (is24)
-                std::snprintf(text, sizeof text, "%02d:%02d", h, m);
-            else
-                std::snprintf(text, sizeof text, "%02d:%02d %s", h % 12 == 0 ? 12 : h % 12, m, h < 12 ? "AM" : "PM");
+            std::snprintf(text, sizeof text, is24 ? "%02d:%02d" : "%02d:%02d %s", is24 ? h : (h + 11) % 12 + 1, m,
+                          h < 12 ? "AM" : "PM");
             HyTimeFields f;
-            const HyTimeRead read = hy::ReadTime(text, { ":", "AM", "PM", is24, 8 }, f);
-            ASSERT_TRUE(read.change == HyTimeTextChange::Unchanged && f.valid && f.hours == h && f.minutes == m) << text;
+            ASSERT_EQ(hy::ReadTime(text, { ":", "AM", "PM", is24, 8 }, f).change, HyTimeTextChange::Unchanged);
+            ASSERT_TRUE(f.valid && f.hours == h && f.minutes == m) << text;
         }
-}
-
-// Spin steps: the new value is the old minus delta, wrapping at both ends of
-// every range; parts by selection start, "09:30 AM" having p = 2.
-TEST(TimeText, SpinStepsWrapAtBothEndsOfEveryRange)
-{
-    struct Range { bool is24, pm; int low, high; };
-    for (const Range& r : { Range{ true, false, 0, 23 }, Range{ false, false, 0, 11 }, Range{ false, true, 12, 23 } })
-        for (int hours = r.low; hours <= r.high; ++hours)
-            for (int delta : { -1, 1 }) {
-                HyTimeFields f;
-                f.hours = hours;
-                f.forcePM = r.pm;
-                ASSERT_EQ(hy::SpinStep(f, r.is24, 0, 2, delta), HySpinPart::Hours);
-                const int expected = hours - delta > r.high ? r.low : hours - delta < r.low ? r.high : hours - delta;
-                ASSERT_EQ(f.hours, expected) << hours << " " << delta;
-            }
-    for (int minutes = 0; minutes < 60; minutes += 5)
-        for (int delta : { -1, 0, 1 }) {
-            HyTimeFields f;
-            f.hours = 9;
-            f.minutes = minutes;
-            ASSERT_EQ(hy::SpinStep(f, false, 3, 2, delta), HySpinPart::Minutes);
-            ASSERT_EQ(f.minutes, (minutes + (delta >= 1 ? 55 : 5)) % 60);
-            ASSERT_EQ(f.hours, 9);   // no carry
-        }
-    HyTimeFields f;
-    f.hours = 9;
-    f.forceAM = true;
-    EXPECT_EQ(hy::SpinStep(f, false, 6, 2, -1), HySpinPart::Designator);
-    EXPECT_TRUE(f.hours == 21 && f.forcePM && !f.forceAM);
-    hy::SpinStep(f, false, 6, 2, 0);
-    EXPECT_TRUE(f.hours == 9 && f.forceAM && !f.forcePM);
-    // The part under a character, and the parts' selections.
-    EXPECT_EQ((std::vector<HySpinPart>{ hy::SpinPartAt(2, 2), hy::SpinPartAt(3, 2), hy::SpinPartAt(5, 2),
-                                        hy::SpinPartAt(6, 2) }),
-              (std::vector<HySpinPart>{ HySpinPart::Hours, HySpinPart::Minutes, HySpinPart::Minutes,
-                                        HySpinPart::Designator }));
-    EXPECT_EQ(hy::SpinSpan(HySpinPart::Designator, 2).start, 6);
-    EXPECT_EQ(hy::SpinSpan(HySpinPart::Minutes, 2).end, 5);
-}
-
-TEST(TimeText, NumberFieldMinimum)
-{
-    const struct { const char *text, *outcome; } rows[] = {
-        { "3", "5" }, { "", "5" }, { "12", "12" }, { " -3", "5" }, { "abc", "abc" }, { "99999999999", "99999999999" },
-        { "5", "5" }, { "4x", "5" }, { "+7", "+7" },
+    // Selection start (hours 0, minutes 3, designator 6), clock, the
+    // afternoon forced, the time, delta: the time after the step.
+    const struct { int at; bool is24, pm; int hours, minutes, delta; const char* after; } steps[] = {
+        { 0, true, false, 23, 0, -1, "0:0" },   { 0, true, false, 0, 0, 1, "23:0" },
+        { 0, false, false, 11, 0, -1, "0:0" },  { 0, false, false, 0, 0, 1, "11:0" },
+        { 0, false, true, 23, 0, -1, "12:0 PM" },  { 0, false, true, 12, 0, 1, "23:0 PM" },
+        { 0, false, false, 15, 0, 1, "0:0" },   // 0..11 whatever the hours: 14 wraps to 0
+        { 3, false, false, 9, 55, -1, "9:0" },  { 3, false, false, 9, 0, 1, "9:55" },   // no carry
+        { 3, false, false, 9, 10, 0, "9:15" },  { 6, false, false, 9, 30, -1, "21:30 PM" },
     };
-    for (const auto& r : rows) {
-        std::string shown = r.text;
-        hy::NumberBelowMinimum(r.text, 5, shown);
-        EXPECT_EQ(shown, r.outcome) << "\"" << r.text << "\"";
+    for (const auto& s : steps) {
+        HyTimeFields f{ s.hours, s.minutes, false, false, s.pm };
+        const HySpinPart part = hy::SpinStep(f, s.is24, s.at, 2, s.delta);
+        EXPECT_EQ(std::to_string(f.hours) + ":" + std::to_string(f.minutes) + (f.forcePM ? " PM" : ""), s.after) << s.at;
+        EXPECT_EQ(part, hy::SpinPartAt(s.at, 2));
     }
 }
 
