@@ -66,8 +66,12 @@ void GalleryPaintClientTree(HWND hWnd, CDC* pDC, CPoint clientOrigin)
     // What lies below shows through controls that paint no background.
     mem.BitBlt(0, 0, client.Width(), client.Height(), pDC, clientOrigin.x, clientOrigin.y, SRCCOPY);
     ::SendMessage(hWnd, WM_ERASEBKGND, (WPARAM)mem.m_hDC, 0);
-    // WM_PAINT with the DC in wParam: the controls and CPaintDC paint into it.
-    ::SendMessage(hWnd, WM_PAINT, (WPARAM)mem.m_hDC, 0);
+    // WM_PAINT with the DC in wParam: the controls and CPaintDC paint into it;
+    // the rich edit paints only through WM_PRINTCLIENT.
+    char cls[16] = "";
+    ::GetClassNameA(hWnd, cls, sizeof cls);
+    ::SendMessage(hWnd, _strnicmp(cls, "RichEdit", 8) == 0 ? WM_PRINTCLIENT : WM_PAINT, (WPARAM)mem.m_hDC,
+                  PRF_CLIENT | PRF_ERASEBKGND);
     PaintChildren(hWnd, &mem);
     pDC->BitBlt(clientOrigin.x, clientOrigin.y, client.Width(), client.Height(), &mem, 0, 0, SRCCOPY);
 }
