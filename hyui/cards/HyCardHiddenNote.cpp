@@ -1,4 +1,4 @@
-// HyIsSpecialDescription: typing a certain word as a card's description
+// The hidden note of the card views: typing a certain word as a card's description
 // opens a short thank-you note. The word is not in the binary as text:
 // BuildKey unscrambles kScrambledKey into a local copy only for the
 // comparison, and the copy is wiped straight after.
