@@ -17,7 +17,6 @@
 #include <commctrl.h>
 
 #include <cstdio>
-#include <cstring>
 #include <vector>
 
 #include "bench_common.h"
@@ -151,21 +150,18 @@ int main(int argc, char** argv)
     BenchCardSubject* const cards[] = { ours.get(), peer.get(), floor.get(), few.get() };
     BenchSubject* const subjects[] = { ours.get(), peer.get(), floor.get(), few.get() };
     const int subjectCount = 4;
-    for (BenchSubject* s : subjects)
-        ::ShowWindow(s->Host(), SW_SHOWNOACTIVATE);
-    BenchPump();
+    BenchShowSubjects(subjects, subjectCount);
 
     BenchPrintVersions();
     std::printf("%d cards (and %d for the click's comparison) in %ld x %ld client pixels on a %d x %d screen\n",
                 kCards, kFewCards, size.cx, size.cy, screenWidth, screenHeight);
-    std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
-                options.reps, options.warmup);
+    BenchPrintMethod(options);
 
     const std::vector<BenchResult> results = BenchRounds(
         options, kFigureCount, subjects, subjectCount,
         [&](int figure, int index) {
             return kTakesPart[figure][index] &&
-                   (options.figure == nullptr || std::strcmp(options.figure, kFigureOptions[figure]) == 0);
+                   BenchFigureWanted(options, kFigureOptions[figure]);
         },
         [&](int index) { cards[index]->ScrollToTop(); },
         [&](int figure, int index, BenchResult* result) {
@@ -174,9 +170,7 @@ int main(int argc, char** argv)
 
     const bool sound = BenchPrintResults(results, kFigureCount, subjects, subjectCount, kFigureNames,
                                          "that did not do their work", [](int, int) { return ""; });
-    auto median = [&](int figure, int index) {
-        return BenchSummarise(results[figure * subjectCount + index].ms).median;
-    };
+    auto median = [&](int figure, int index) { return BenchMedian(results, subjectCount, figure, index); };
     if (options.only == nullptr && options.figure == nullptr)
     {
         std::printf("\ncards ours/peer (medians): full repaint %.2f, one-row scroll %.2f\n",
@@ -186,9 +180,6 @@ int main(int argc, char** argv)
                     median(kRepaint, 0) / median(kRepaint, 2), kCards, median(kSort, 0), kCards, kFewCards,
                     median(kClick, 0) / median(kClick, 3));
     }
-    if (!sound)
-        std::printf("\nsome repetitions timed nothing or did not do their work (marked !): the figures above are "
-                    "not comparable\n");
 
     few.reset();
     floor.reset();

@@ -185,7 +185,33 @@ bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, Ben
             }
         }
     }
+    if (!sound)
+        std::printf("\nsome repetitions timed nothing or did not do their work (marked !): the figures are not "
+                    "comparable\n");
     return sound;
+}
+
+void BenchShowSubjects(BenchSubject* const* subjects, int count)
+{
+    for (int i = 0; i < count; ++i)
+        ::ShowWindow(subjects[i]->Host(), SW_SHOWNOACTIVATE);
+    BenchPump();
+}
+
+void BenchPrintMethod(const BenchOptions& options)
+{
+    std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
+                options.reps, options.warmup);
+}
+
+bool BenchFigureWanted(const BenchOptions& options, const char* option)
+{
+    return options.figure == nullptr || std::strcmp(options.figure, option) == 0;
+}
+
+double BenchMedian(const std::vector<BenchResult>& results, int count, int figure, int subject)
+{
+    return BenchSummarise(results[figure * count + subject].ms).median;
 }
 
 bool BenchInitListViews(const char* program)

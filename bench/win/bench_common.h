@@ -25,6 +25,9 @@ bool BenchParseOptions(int argc, char** argv, bool takesSizeAndFigure, BenchOpti
 // program, when the system refuses.
 bool BenchInitListViews(const char* program);
 
+// Whether --figure leaves the figure `option` in (every figure when none is given).
+bool BenchFigureWanted(const BenchOptions& options, const char* option);
+
 // Milliseconds from QueryPerformanceCounter.
 double BenchNow();
 
@@ -38,6 +41,9 @@ bool BenchFullyVisible(HWND hwnd);
 
 // "Wine <version>, comctl32 <major>.<minor>" and a line feed, as far as known.
 void BenchPrintVersions();
+
+// "R rounds x N repetitions after W warm-up rounds; ms per operation" and a blank line.
+void BenchPrintMethod(const BenchOptions& options);
 
 // One row of a results table: figure, subject, median, min, q1, q3, max and
 // paints per operation, then `mark`.
@@ -59,6 +65,10 @@ void BenchRecord(BenchResult* result, double ms, long painted, bool right);
 
 class BenchSubject;
 
+// Shows every subject's window without activating it, then dispatches what
+// that queued.
+void BenchShowSubjects(BenchSubject* const* subjects, int count);
+
 // Warm-up rounds, then measured rounds (`options`); in each, every figure
 // for every subject that `takesPart` in it (and is --only's, when given), the
 // subjects' order rotating from round to round so that a slow phase of the
@@ -76,7 +86,11 @@ std::vector<BenchResult> BenchRounds(const BenchOptions& options, int figures, B
 // Prints the table of BenchRounds' results (empty ones skipped), each row
 // with its mark, and a "!" line under every row whose repetitions did not
 // all paint, do their work (`wrongWhat`, e.g. "steps that did not move the
-// day") and see the whole control. Answers whether none did.
+// day") and see the whole control, and then, when any did not, a line saying
+// that the figures are not comparable. Answers whether none did.
 bool BenchPrintResults(const std::vector<BenchResult>& results, int figures, BenchSubject* const* subjects, int count,
                        const char* const* figureNames, const char* wrongWhat,
                        const std::function<const char*(int figure, int subject)>& mark);
+
+// The median of one figure's subject in BenchRounds' results.
+double BenchMedian(const std::vector<BenchResult>& results, int count, int figure, int subject);

@@ -141,9 +141,7 @@ int main(int argc, char** argv)
     }
     BenchSubject* const subjects[] = { ours.get(), peer.get(), floor.get() };
     const int subjectCount = 3;
-    for (BenchSubject* s : subjects)
-        ::ShowWindow(s->Host(), SW_SHOWNOACTIVATE);
-    BenchPump();
+    BenchShowSubjects(subjects, subjectCount);
     peer->DetectArrowKeys(days.start);
 
     BenchPrintVersions();
@@ -153,8 +151,7 @@ int main(int argc, char** argv)
     PrintShown(*peer);
     if (!peer->HasCalendarCount())
         std::printf("(MCM_GETCALENDARCOUNT does not answer: the peer's count is its visible month range)\n");
-    std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
-                options.reps, options.warmup);
+    BenchPrintMethod(options);
 
     const std::vector<BenchResult> results = BenchRounds(
         options, kFigureCount, subjects, subjectCount,
@@ -173,9 +170,7 @@ int main(int argc, char** argv)
     };
     const bool sound = BenchPrintResults(results, kFigureCount, subjects, subjectCount, kFigureNames,
                                          "steps that did not move the day", mark);
-    auto median = [&](int figure, int index) {
-        return BenchSummarise(results[figure * subjectCount + index].ms).median;
-    };
+    auto median = [&](int figure, int index) { return BenchMedian(results, subjectCount, figure, index); };
     if (options.only == nullptr)
         std::printf("\nours/peer (medians): full repaint %.2f, arrow-key step %.2f%s; ours/floor (full repaint) %.1f\n",
                     median(kRepaint, 0) / median(kRepaint, 1), median(kStep, 0) / median(kStep, 1),
@@ -183,8 +178,6 @@ int main(int argc, char** argv)
     if (!peer->ArrowKeysMove() && !results[kStep * subjectCount + 1].ms.empty())
         std::printf("* this month calendar ignores VK_RIGHT; its step is MCM_SETCURSEL to the next day, "
                     "then UpdateWindow\n");
-    if (!sound)
-        std::printf("\nsome repetitions timed nothing (marked !): the figures above are not comparable\n");
 
     floor.reset();
     ours.reset();

@@ -198,8 +198,7 @@ int main(int argc, char** argv)
     BenchEditSubject* const edits[] = { ours.get(), peer.get(), nullptr };
     BenchSubject* const subjects[] = { ours.get(), peer.get(), floor.get() };
     const int subjectCount = 3;
-    for (BenchSubject* s : subjects)
-        ::ShowWindow(s->Host(), SW_SHOWNOACTIVATE);
+    BenchShowSubjects(subjects, subjectCount);
     ours->Fill(kRows);
     peer->Fill(kRows);
     BenchPump();
@@ -207,14 +206,13 @@ int main(int argc, char** argv)
     BenchPrintVersions();
     std::printf("%d rows (a third choosers, every tenth two lines) in %ld x %ld client pixels\n", kRows, kClient.cx,
                 kClient.cy);
-    std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
-                options.reps, options.warmup);
+    BenchPrintMethod(options);
 
     const std::vector<BenchResult> results = BenchRounds(
         options, kFigureCount, subjects, subjectCount,
         [&](int figure, int index) {
             return kTakesPart[figure][index] &&
-                   (options.figure == nullptr || std::strcmp(options.figure, kFigureOptions[figure]) == 0);
+                   BenchFigureWanted(options, kFigureOptions[figure]);
         },
         [&](int) {},
         [&](int figure, int index, BenchResult* result) {
@@ -226,12 +224,7 @@ int main(int argc, char** argv)
 
     const bool sound = BenchPrintResults(results, kFigureCount, subjects, subjectCount, kFigureNames,
                                          "that did not do their work", [](int, int) { return ""; });
-    auto median = [&](int figure, int index) {
-        return BenchSummarise(results[figure * subjectCount + index].ms).median;
-    };
-    if (!sound)
-        std::printf("\nsome repetitions timed nothing or did not do their work (marked !): the figures below are "
-                    "not comparable\n");
+    auto median = [&](int figure, int index) { return BenchMedian(results, subjectCount, figure, index); };
     if (options.only == nullptr && options.figure == nullptr)
     {
         std::printf("\nours/floor: layout + paint %.1f, typing %.2f (the floor of typing: the system's edit alone)\n",

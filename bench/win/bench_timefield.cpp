@@ -160,28 +160,23 @@ int main(int argc, char** argv)
     }
     TimeSubject* const fields[] = { &ours, &peer };
     BenchSubject* const subjects[] = { &ours, &peer };
-    for (BenchSubject* s : subjects)
-        ::ShowWindow(s->Host(), SW_SHOWNOACTIVATE);
-    BenchPump();
+    const int subjectCount = 2;
+    BenchShowSubjects(subjects, subjectCount);
 
     BenchPrintVersions();
     std::printf("one step of the minutes in %ld x %ld pixels\n", kField.cx, kField.cy);
-    std::printf("%d rounds x %d repetitions after %d warm-up rounds; ms per operation\n\n", options.rounds,
-                options.reps, options.warmup);
+    BenchPrintMethod(options);
     const char* const figureNames[] = { "Up, routed, painted" };
     const std::vector<BenchResult> results = BenchRounds(
-        options, 1, subjects, 2, [](int, int) { return true; }, [&](int index) {
+        options, 1, subjects, subjectCount, [](int, int) { return true; }, [&](int index) {
             if (index == 1)
                 peer.SelectMinutes();
         },
         [&](int, int index, BenchResult* result) { Measure(*fields[index], options.reps, result); });
-    const bool sound = BenchPrintResults(results, 1, subjects, 2, figureNames, "that did not move the minutes",
+    const bool sound = BenchPrintResults(results, 1, subjects, subjectCount, figureNames, "that did not move the minutes",
                                          [](int, int) { return ""; });
-    if (!sound)
-        std::printf("\nsome repetitions timed nothing or did not do their work (marked !): the figures below are "
-                    "not comparable\n");
     if (options.only == nullptr)
         std::printf("\ntimefield ours/peer: step %.2f (medians)\n",
-                    BenchSummarise(results[0].ms).median / BenchSummarise(results[1].ms).median);
+                    BenchMedian(results, subjectCount, 0, 0) / BenchMedian(results, subjectCount, 0, 1));
     return sound ? 0 : 1;
 }
