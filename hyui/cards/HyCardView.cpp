@@ -7,6 +7,7 @@
 // ascending order beside the cards, so deselecting and counting walk only
 // the selection.
 #include "HyCardView.h"
+#include "HyScrollBar.h"
 #include "HyCardGrid.h"
 #include "HyUIRes.h"
 
@@ -629,23 +630,9 @@ void CHyCardViewBase::ScrollTo(int nRow)
     const int to = std::clamp(nRow, 0, scrollMax);
     if (to == pos)
         return;
-    SCROLLBARINFO before{ sizeof(before) }, after{ sizeof(after) };
-    const bool measured = ::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before) != FALSE;
     SCROLLINFO si = ScrollInfo(SIF_POS);
     si.nPos = to;
-    SetScrollInfo(SB_VERT, &si, FALSE);
-    // The scroll bar is redrawn when its thumb moves by a pixel or an end is
-    // reached or left: the pixels of a redraw at every step, which would cost
-    // more than the step's own painting. Thumbs that cannot be read: the
-    // whole window, frame included, is repainted.
-    if (!measured || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after)) {
-        RedrawWindow(nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
-    } else if (before.xyThumbTop != after.xyThumbTop || before.xyThumbBottom != after.xyThumbBottom ||
-               pos == 0 || to == 0 || pos == scrollMax || to == scrollMax) {
-        CRect bar(after.rcScrollBar);
-        ScreenToClient(&bar);
-        RedrawWindow(&bar, nullptr, RDW_FRAME | RDW_INVALIDATE);
-    }
+    HySetScrollInfoQuietly(m_hWnd, si, pos == 0 || to == 0 || pos == scrollMax || to == scrollMax);
     CRect client;
     GetClientRect(&client);
     // A move of more than a client height repaints everything; clamping keeps

@@ -3,6 +3,7 @@
 // HyEditListPaint.cpp, the editor in HyListItemEdit.cpp.
 #include "HyEditList.h"
 #include "HyEditGeometry.h"
+#include "HyScrollBar.h"
 #include "HyTheme.h"
 
 #include <algorithm>
@@ -147,9 +148,14 @@ void CHyEditList::OnDestroy()
 
 // ---- rows ----
 
+const CListItem* CHyEditList::Row(int nIndex) const
+{
+    return nIndex >= 0 && nIndex < GetItemCount() ? &items.GetData()[nIndex] : nullptr;
+}
+
 CListItem* CHyEditList::GetItem(int nIndex)
 {
-    return nIndex >= 0 && nIndex < GetItemCount() ? &items[nIndex] : nullptr;
+    return const_cast<CListItem*>(Row(nIndex));
 }
 
 int CHyEditList::FindItemIndex(const CListItem* pItem) const
@@ -256,7 +262,7 @@ void CHyEditList::SetItemValue(int nIndex, LPCTSTR lpszValue, BOOL bRedraw)
 
 void CHyEditList::GetItemValue(int nIndex, CString& value) const
 {
-    value = nIndex >= 0 && nIndex < GetItemCount() ? items.GetData()[nIndex].desc.value : CString();
+    value = Row(nIndex) ? Row(nIndex)->desc.value : CString();
 }
 
 void CHyEditList::SetItemLabel(int nIndex, LPCTSTR lpszLabel, BOOL bRedraw)
@@ -270,7 +276,7 @@ void CHyEditList::SetItemLabel(int nIndex, LPCTSTR lpszLabel, BOOL bRedraw)
 
 void CHyEditList::GetItemLabel(int nIndex, CString& label) const
 {
-    label = nIndex >= 0 && nIndex < GetItemCount() ? items.GetData()[nIndex].desc.label : CString();
+    label = Row(nIndex) ? Row(nIndex)->desc.label : CString();
 }
 
 void CHyEditList::SetItemMenuInfo(CListItem& item, CMenu* pMenu, int nMenuIndex, LPCTSTR lpszLabel)
@@ -300,7 +306,7 @@ void CHyEditList::SetItemMenuInfo(int nIndex, UINT nMenuId, int nMenuIndex, LPCT
 
 int CHyEditList::GetItemMenuIndex(int nIndex) const
 {
-    return nIndex >= 0 && nIndex < GetItemCount() ? items.GetData()[nIndex].menuIndex : -1;
+    return Row(nIndex) ? Row(nIndex)->menuIndex : -1;
 }
 
 void CHyEditList::SetItemMenuIndex(int nIndex, int nMenuIndex)
@@ -341,11 +347,11 @@ void CHyEditList::SetItemSize(int nIndex, int nWidth, int nHeight, BOOL bRedraw)
 
 void CHyEditList::GetItemSize(int nIndex, int* pWidth, int* pHeight) const
 {
-    const bool valid = nIndex >= 0 && nIndex < GetItemCount();
+    const CListItem* row = Row(nIndex);
     if (pWidth)
-        *pWidth = valid ? items.GetData()[nIndex].width : 0;
+        *pWidth = row ? row->width : 0;
     if (pHeight)
-        *pHeight = valid ? hy::EditRowHeight(items.GetData()[nIndex].height, rowHeight) : 0;
+        *pHeight = row ? hy::EditRowHeight(row->height, rowHeight) : 0;
 }
 
 void CHyEditList::SetItemMinRows(int nIndex, int nRows)
@@ -374,7 +380,7 @@ void CHyEditList::SetItemAcceptEnter(int nIndex, BOOL bAccept)
 
 BOOL CHyEditList::GetItemAcceptEnter(int nIndex) const
 {
-    return nIndex >= 0 && nIndex < GetItemCount() && items.GetData()[nIndex].acceptEnter;
+    return Row(nIndex) && Row(nIndex)->acceptEnter;
 }
 
 void CHyEditList::CollapseItem(int nIndex, BOOL bCollapse)
@@ -385,7 +391,7 @@ void CHyEditList::CollapseItem(int nIndex, BOOL bCollapse)
 
 BOOL CHyEditList::IsItemCollapsed(int nIndex) const
 {
-    return nIndex >= 0 && nIndex < GetItemCount() && items.GetData()[nIndex].collapsed;
+    return Row(nIndex) && Row(nIndex)->collapsed;
 }
 
 void CHyEditList::RefreshItem(int nIndex)
@@ -431,7 +437,7 @@ int CHyEditList::ScrollPos() const
 void CHyEditList::GetItemCell(int nIndex, RECT* pRect) const
 {
     const std::vector<int> heights = Heights();
-    const int width = nIndex >= 0 && nIndex < GetItemCount() ? items.GetData()[nIndex].width : 0;
+    const int width = Row(nIndex) ? Row(nIndex)->width : 0;
     const HyRect cell = hy::EditRowCell(heights.data(), (int)heights.size(), rowHeight, std::max(nIndex, 0), width,
                                         ScrollPos());
     *pRect = RECT{ cell.left, cell.top, cell.right, cell.bottom };
@@ -482,24 +488,15 @@ void CHyEditList::UpdateViewInfo()
         FlushScrollInfo();
 }
 
-// The bar is repainted (at the next paint) only when its thumb or its
-// visibility changed: Wine's redraw of a scroll bar costs more than a paint
-// of the whole list.
 void CHyEditList::FlushScrollInfo() const
 {
     if (!scrollDirty || m_hWnd == nullptr)
         return;
     scrollDirty = false;
-    SCROLLBARINFO before{ sizeof before }, after{ sizeof after };
-    const bool known = ::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before) != FALSE;
     const bool wasLayingOut = layingOut;
     layingOut = true;
-    ::SetScrollInfo(m_hWnd, SB_VERT, &scrollRange, FALSE);
+    HySetScrollInfoQuietly(m_hWnd, scrollRange, false);
     layingOut = wasLayingOut;
-    if (!known || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after) || before.xyThumbTop != after.xyThumbTop ||
-        before.xyThumbBottom != after.xyThumbBottom || before.rgstate[0] != after.rgstate[0] ||
-        !::EqualRect(&before.rcScrollBar, &after.rcScrollBar))
-        ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_NOCHILDREN);
 }
 
 bool CHyEditList::SetItemRowHeight(CListItem& item, int lines)
@@ -629,7 +626,7 @@ void CHyEditList::SelectAndScrollItem(int nIndex, BOOL bSelect)
 
 BOOL CHyEditList::IsItemSelected(int nIndex) const
 {
-    return nIndex >= 0 && nIndex < GetItemCount() && items.GetData()[nIndex].selected;
+    return Row(nIndex) && Row(nIndex)->selected;
 }
 
 int CHyEditList::GetSelectedCount() const
@@ -723,11 +720,13 @@ void CHyEditList::ScrollTo(int nCode, int nThumb)
     const std::vector<int> heights = Heights();
     const int content = hy::EditContentHeight(heights.data(), (int)heights.size(), rowHeight);
     const int pos = ScrollPos();
-    const int target = hy::EditScrollTarget(nCode, pos, nThumb, rowHeight, client.Height(),
-                                            hy::EditScrollMax(content, client.Height()));
+    const int maxPos = hy::EditScrollMax(content, client.Height());
+    const int target = hy::EditScrollTarget(nCode, pos, nThumb, rowHeight, client.Height(), maxPos);
     if (target == pos)
         return;
-    SetScrollPos(SB_VERT, target, TRUE);
+    SCROLLINFO si{ sizeof si, SIF_POS };
+    si.nPos = target;
+    HySetScrollInfoQuietly(m_hWnd, si, pos == 0 || target == 0 || pos == maxPos || target == maxPos);
     RedrawAll();
     PlaceEditor();
 }

@@ -148,6 +148,7 @@ public:
 
 protected:
     int AddItem(const CListItem& item, BOOL bRedraw);
+    const CListItem* Row(int nIndex) const;   // null for a missing row
     void SetItemMenuInfo(CListItem& item, CMenu* pMenu, int nMenuIndex, LPCTSTR lpszLabel);
 
     // ---- geometry ----
