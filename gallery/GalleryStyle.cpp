@@ -90,3 +90,18 @@ void DrawMissingBox(CDC& dc, const CRect& rc)
     dc.DrawText(_T("missing"), 7, &text, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 }
+
+void GalleryStyle::CreateLog(CListBox& log, CWnd* parent, UINT id, DWORD extraStyle)
+{
+    log.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL | extraStyle,
+               CRect(0, 0, 100, 100), parent, id);
+    log.SetFont(BodyFont());
+}
+
+void GalleryStyle::AppendLog(CListBox& log, LPCTSTR line, int visibleLines)
+{
+    if (log.m_hWnd == nullptr)
+        return;
+    const int at = log.AddString(line);
+    log.SetTopIndex(at - visibleLines + 1 > 0 ? at - visibleLines + 1 : 0);
+}

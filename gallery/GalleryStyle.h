@@ -34,6 +34,10 @@ void DrawPageTitle(CDC& dc, LPCTSTR text);
 // Draws a section heading with a rule under it across width; returns the y
 // below it.
 int DrawSectionHeading(CDC& dc, int x, int y, int width, LPCTSTR text);
+// A page's log: a list box in the body font, no selection; lines are
+// appended and the newest kept in sight (of `visibleLines`).
+void CreateLog(CListBox& log, CWnd* parent, UINT id, DWORD extraStyle = 0);
+void AppendLog(CListBox& log, LPCTSTR line, int visibleLines);
 // Draws a dashed placeholder box with the word "missing" centred in it.
 void DrawMissingBox(CDC& dc, const CRect& rc);
 }

@@ -194,10 +194,7 @@ void CCalendarPage::OnCreatePage()
     Measure();
 
     // The log first: the picker talks to the page from the moment it is driven.
-    m_log.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOINTEGRALHEIGHT |
-                     LBS_USETABSTOPS | LBS_NOSEL,
-                 CRect(0, 0, 100, 100), this, kLogId);
-    m_log.SetFont(BodyFont());
+    CreateLog(m_log, this, kLogId, WS_TABSTOP | LBS_USETABSTOPS);
     m_log.SetItemHeight(0, LineHeight());   // the rows of the page's own tables
     {
         // Tab stops are in quarters of the list box font's average character width.

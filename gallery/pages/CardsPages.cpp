@@ -117,8 +117,7 @@ private:
             return;
         CString line;
         line.Format(format, a, b, c);
-        const int at = log->AddString(line);
-        log->SetTopIndex(std::max(0, at - kLogLines + 1));
+        GalleryStyle::AppendLog(*log, line, kLogLines);
     }
 };
 
@@ -174,9 +173,7 @@ protected:
     void OnCreatePage() override
     {
         using namespace GalleryStyle;
-        m_log.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL,
-                     CRect(0, 0, 100, 100), this, kLogId);
-        m_log.SetFont(BodyFont());
+        CreateLog(m_log, this, kLogId);
         m_view.log = &m_log;
         m_view.Create(nullptr, _T(""), WS_CHILD | WS_VISIBLE, CRect(0, 0, ViewWidth(3, 220), 2 * 170 + 2), this,
                       kCardsId);

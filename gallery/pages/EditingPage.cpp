@@ -38,9 +38,7 @@ public:
 protected:
     void OnCreatePage() override
     {
-        m_log.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL,
-                     CRect(0, 0, 100, 100), this, kLogId);
-        m_log.SetFont(GalleryStyle::BodyFont());
+        GalleryStyle::CreateLog(m_log, this, kLogId);
         CreateFields();
         m_list.CreateEx(WS_EX_CLIENTEDGE, WS_CHILD | WS_VISIBLE, CRect(0, 0, kListWidth, kListHeight), this, kListId);
         m_list.SetLabelWidth(150, FALSE);
@@ -131,8 +129,7 @@ protected:
         else if (message == WM_KEYDOWN && wParam == VK_RETURN)
             line.Format(_T("WM_KEYDOWN VK_RETURN from row %d"), m_list.GetFirstSelectedItemIndex());
         if (!line.IsEmpty() && m_log.m_hWnd != nullptr) {
-            const int at = m_log.AddString(line);
-            m_log.SetTopIndex(std::max(0, at - kLogLines + 1));
+            GalleryStyle::AppendLog(m_log, line, kLogLines);
             // The host's wiring: steps from the field or its button go to the field.
             if (message == HYET_STEPKEY && (wParam == kSpinId || wParam == kSpinButtonId))
                 m_spin.ChangeValue((int)lParam);

@@ -13,7 +13,7 @@ BOOL CHyEditList::OnEraseBkgnd(CDC*)
 
 void CHyEditList::OnPaint()
 {
-    FlushScrollInfo();
+    FlushScrollInfo();   // before BeginPaint, so that a bar to redraw waits for the next cycle
     paintBuffer.Paint(*this, [this](CDC& dc, const CRect& client) {
         dc.FillSolidRect(&client, HYThemeShiftColor(HYThemeGetColor(HYTHEME_LIST), 32));
         CFont* oldFont = dc.SelectObject(HYThemeGetFont(HYFONT_STANDARD));

@@ -95,12 +95,13 @@ void CHyEditTime::Store(const HyTimeFields& f)
     hasSeparator = f.hasSeparator;
 }
 
-HyTimeRules CHyEditTime::Rules() const
+// The designators are the locale's of the moment, read only for reading a text.
+HyTimeRules CHyEditTime::Rules(bool designators) const
 {
     HyTimeRules rules;
     rules.separator = (LPCTSTR)separator;
-    rules.am = (LPCTSTR)Designator(LOCALE_S1159);
-    rules.pm = (LPCTSTR)Designator(LOCALE_S2359);
+    rules.am = designators ? (LPCTSTR)Designator(LOCALE_S1159) : "";
+    rules.pm = designators ? (LPCTSTR)Designator(LOCALE_S2359) : "";
     rules.is24Hour = is24Hour != 0;
     rules.pmBefore = pmBefore;
     return rules;
@@ -118,7 +119,7 @@ void CHyEditTime::ReadTime(int)
     CString text;
     GetWindowText(text);
     HyTimeFields f = Fields();
-    const HyTimeRead read = hy::ReadTime((LPCTSTR)text, Rules(), f);
+    const HyTimeRead read = hy::ReadTime((LPCTSTR)text, Rules(true), f);
     Store(f);
     if (read.change == HyTimeTextChange::Emptied) {
         SetWindowText("");
@@ -133,7 +134,7 @@ void CHyEditTime::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags)
     CString text;
     GetWindowText(text);
     HyTimeFields f = Fields();
-    const HyTimeCharPlan plan = hy::PlanTimeChar((unsigned char)nChar, (LPCTSTR)text, f, Rules(), (LPCTSTR)allowedChars);
+    const HyTimeCharPlan plan = hy::PlanTimeChar((unsigned char)nChar, (LPCTSTR)text, f, Rules(false), (LPCTSTR)allowedChars);
     Store(f);
     if (plan.beep)
         return Beep();

@@ -49,7 +49,7 @@ protected:
 
     HyTimeFields Fields() const;
     void Store(const HyTimeFields& f);
-    HyTimeRules Rules() const;
+    HyTimeRules Rules(bool designators) const;
     void Beep() const;
     DECLARE_MESSAGE_MAP()
 

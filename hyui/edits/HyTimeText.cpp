@@ -30,6 +30,50 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
+// What a typed character does.
+enum class HyTimeKey
+{
+    General,    // inserted (after TimeBeforeInsert), then read unless Backspace
+    StepUp,     // +, =, or Space in an incomplete entry: a quarter hour later
+    StepDown,   // -
+    ForceAM,    // A: morning (refused on a 24-hour clock or without a time)
+    ForcePM,    // P
+    Drop,       // anything else: dropped without a sound
+};
+
+HyTimeKey ClassifyTimeChar(unsigned char ch, const HyTimeFields& f, const std::string& allowed)
+{
+    switch (ch) {
+    case '\b':
+        return HyTimeKey::General;
+    case ' ':   // an incomplete entry steps on Space (intended)
+        return f.hasSeparator && f.valid ? HyTimeKey::General : HyTimeKey::StepUp;
+    case '+':
+    case '=':
+        return HyTimeKey::StepUp;
+    case '-':
+        return HyTimeKey::StepDown;
+    case 'A':
+    case 'a':
+        return HyTimeKey::ForceAM;
+    case 'P':
+    case 'p':
+        return HyTimeKey::ForcePM;
+    default:
+        return ch != 0 && allowed.find((char)ch) != std::string::npos ? HyTimeKey::General : HyTimeKey::Drop;
+    }
+}
+
+bool TimeBeforeInsert(const std::string& original, HyTimeFields& f)
+{
+    const std::string text = Upper(original);
+    if (text.find('P') != std::string::npos && !f.forceAM)
+        f.forcePM = true;
+    if (text.find('A') != std::string::npos && !f.forcePM)
+        f.forceAM = true;
+    return ContainsAny(text, "NOE");
+}
+
 }  // namespace
 
 namespace hy {
@@ -164,29 +208,6 @@ bool StepQuarter(HyTimeFields& f, bool up)
     return true;
 }
 
-HyTimeKey ClassifyTimeChar(unsigned char ch, const HyTimeFields& f, const std::string& allowed)
-{
-    switch (ch) {
-    case '\b':
-        return HyTimeKey::General;
-    case ' ':   // an incomplete entry steps on Space (intended)
-        return f.hasSeparator && f.valid ? HyTimeKey::General : HyTimeKey::StepUp;
-    case '+':
-    case '=':
-        return HyTimeKey::StepUp;
-    case '-':
-        return HyTimeKey::StepDown;
-    case 'A':
-    case 'a':
-        return HyTimeKey::ForceAM;
-    case 'P':
-    case 'p':
-        return HyTimeKey::ForcePM;
-    default:
-        return ch != 0 && allowed.find((char)ch) != std::string::npos ? HyTimeKey::General : HyTimeKey::Drop;
-    }
-}
-
 HyTimeCharPlan PlanTimeChar(unsigned char ch, const std::string& text, HyTimeFields& f, const HyTimeRules& rules,
                             const std::string& allowed)
 {
@@ -218,16 +239,6 @@ HyTimeCharPlan PlanTimeChar(unsigned char ch, const std::string& text, HyTimeFie
         break;
     }
     return plan;
-}
-
-bool TimeBeforeInsert(const std::string& original, HyTimeFields& f)
-{
-    const std::string text = Upper(original);
-    if (text.find('P') != std::string::npos && !f.forceAM)
-        f.forcePM = true;
-    if (text.find('A') != std::string::npos && !f.forcePM)
-        f.forceAM = true;
-    return ContainsAny(text, "NOE");
 }
 
 HySpinPart SpinPartAt(int index, int p)

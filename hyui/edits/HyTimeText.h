@@ -42,17 +42,6 @@ struct HyTimeRead
     std::string text;
 };
 
-// What a typed character does.
-enum class HyTimeKey
-{
-    General,                       // insert it (after HyTimeBeforeInsert), then read unless Backspace
-    StepUp,                        // +, =, or Space in an incomplete entry: a quarter hour later
-    StepDown,                      // -
-    ForceAM,                       // A: morning (refused on a 24-hour clock or without a time)
-    ForcePM,                       // P
-    Drop,                          // anything else: dropped without a sound
-};
-
 // The parts of the spin field's text, as selections [start, end).
 enum class HySpinPart
 {
@@ -100,15 +89,6 @@ HYUI_API bool StepQuarter(HyTimeFields& fields, bool up);
 // are applied to `fields` at once. `allowed` is the digits and the separator.
 HYUI_API HyTimeCharPlan PlanTimeChar(unsigned char ch, const std::string& text, HyTimeFields& fields,
                                      const HyTimeRules& rules, const std::string& allowed);
-
-// What the character does in a field holding `fields`. `allowed` is the
-// field's digits and separator.
-HYUI_API HyTimeKey ClassifyTimeChar(unsigned char ch, const HyTimeFields& fields, const std::string& allowed);
-
-// Before a general insertion into `text`: the marks a P or an A in the text
-// sets; answers whether the whole text is to be selected (it is a word, so
-// the character replaces it).
-HYUI_API bool TimeBeforeInsert(const std::string& text, HyTimeFields& fields);
 
 // The spin field's part under character `index` of a text whose separator is
 // at `separatorAt`, and a part's selection.
