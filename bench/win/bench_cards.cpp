@@ -159,10 +159,7 @@ int main(int argc, char** argv)
 
     const std::vector<BenchResult> results = BenchRounds(
         options, kFigureCount, subjects, subjectCount,
-        [&](int figure, int index) {
-            return kTakesPart[figure][index] &&
-                   BenchFigureWanted(options, kFigureOptions[figure]);
-        },
+        [&](int figure, int index) { return kTakesPart[figure][index] && BenchFigureWanted(options, kFigureOptions[figure]); },
         [&](int index) { cards[index]->ScrollToTop(); },
         [&](int figure, int index, BenchResult* result) {
             Measure(static_cast<Figure>(figure), *cards[index], options.reps, result);

@@ -210,10 +210,7 @@ int main(int argc, char** argv)
 
     const std::vector<BenchResult> results = BenchRounds(
         options, kFigureCount, subjects, subjectCount,
-        [&](int figure, int index) {
-            return kTakesPart[figure][index] &&
-                   BenchFigureWanted(options, kFigureOptions[figure]);
-        },
+        [&](int figure, int index) { return kTakesPart[figure][index] && BenchFigureWanted(options, kFigureOptions[figure]); },
         [&](int) {},
         [&](int figure, int index, BenchResult* result) {
             if (figure == kLayout)
