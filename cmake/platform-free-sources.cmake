@@ -11,11 +11,17 @@ set(HY_PLATFORM_FREE_SOURCES
   hyui/cards/HyCardGrid.cpp
   hyui/edits/HyEditGeometry.cpp
   hyui/edits/HyTimeText.cpp
+  hyui/privacy/HyPasswordCheck.cpp
 )
 set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/frame
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/dates
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/cards
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/edits
+  ${CMAKE_CURRENT_LIST_DIR}/../hyui/privacy
 )
 list(TRANSFORM HY_PLATFORM_FREE_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/../)
+# The native build's stand-ins for what the DLL takes from the platform: MD5
+# from libmd instead of advapi32. Never compiled into HyUI.dll.
+get_filename_component(HY_NATIVE_ONLY_SOURCES ${CMAKE_CURRENT_LIST_DIR}/../hyui/privacy/HyMd5Libmd.cpp ABSOLUTE)
+set(HY_NATIVE_ONLY_LIBRARIES md)

@@ -16,6 +16,10 @@ class CScrollBar;
 #define WM_CTLCOLOR 0x0019   // all WM_CTLCOLOR* reflect as this, with the CTLCOLOR_* type as id
 #endif
 
+// Asks a window for context help: lParam is a help context or 0 (the window's
+// own); a window that shows help returns TRUE.
+#define WM_COMMANDHELP 0x0365
+
 // Reflected messages arrive at the child as WM_REFLECT_BASE + message.
 #define WM_REFLECT_BASE 0xBC00
 

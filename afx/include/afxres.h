@@ -10,3 +10,8 @@
 #define AFX_IDP_PARSE_RADIO_BUTTON 0xF115
 #define AFX_IDP_PARSE_UINT         0xF116
 #define AFX_IDS_APP_TITLE          0xE000
+
+// Help: the command of a dialog's Help button, and the base that turns a
+// resource id into a help context (HID_BASE_RESOURCE + template id).
+#define ID_HELP                    0xE146
+#define HID_BASE_RESOURCE          0x00020000UL

@@ -289,6 +289,10 @@ protected:
     afx_msg void OnWindowPosChanging(WINDOWPOS* lpwndpos);
     afx_msg void OnGetMinMaxInfo(MINMAXINFO* lpMMI);
     afx_msg BOOL OnHelpInfo(HELPINFO* pHelpInfo);
+    // Help for the current context: WM_COMMANDHELP goes to this window, then
+    // up its parents, until one shows help; if none does, the application's
+    // help contents.
+    afx_msg void OnHelp();
     afx_msg void OnNcCalcSize(BOOL bCalcValidRects, NCCALCSIZE_PARAMS* lpncsp);
 
     static const AFX_MSGMAP* GetThisMessageMap();
@@ -365,6 +369,12 @@ public:
     HICON LoadIcon(UINT nIDResource) const;
     HICON LoadStandardIcon(LPCTSTR lpszIconName) const;
     virtual int DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt);
+
+    // The help file WinHelp opens (null: none).
+    LPCTSTR m_pszHelpFilePath;
+    // Opens help for a context (HELP_CONTEXT) or another WinHelp command,
+    // owned by the main window. Hosts override it to show help their way.
+    virtual void WinHelp(DWORD_PTR dwData, UINT nCmd = HELP_CONTEXT);
 };
 
 HYAFX_API CWinApp* AFXAPI AfxGetApp();
@@ -416,6 +426,8 @@ public:
     void MapDialogRect(LPRECT lpRect) const;
 
     LPCTSTR m_lpszTemplateName;
+    // The dialog's help id (its template id unless changed): its help context
+    // is HID_BASE_RESOURCE + m_nIDHelp.
     UINT m_nIDHelp;
     CWnd* m_pParentWnd;
 
@@ -426,6 +438,7 @@ protected:
     BOOL CreateFromTemplate(LPCDLGTEMPLATE lpTemplate, HINSTANCE hInst, CWnd* pParentWnd);
     static INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 
+    afx_msg LRESULT OnCommandHelp(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 };
 

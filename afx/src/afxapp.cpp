@@ -93,7 +93,7 @@ BOOL AFXAPI AfxPumpMessage()
 
 CWinApp::CWinApp(LPCTSTR lpszAppName)
     : m_pszAppName(lpszAppName), m_hInstance(::GetModuleHandle(nullptr)), m_lpCmdLine(nullptr),
-      m_nCmdShow(SW_SHOWNORMAL)
+      m_nCmdShow(SW_SHOWNORMAL), m_pszHelpFilePath(nullptr)
 {
     AfxGetProcessState().pApp = this;
 }
@@ -146,6 +146,12 @@ static HWND MessageBoxOwner()
 int CWinApp::DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT)
 {
     return ::MessageBox(MessageBoxOwner(), lpszPrompt, AppCaption(), nType);
+}
+
+void CWinApp::WinHelp(DWORD_PTR dwData, UINT nCmd)
+{
+    CWnd* main = AfxGetMainWnd();
+    ::WinHelp(main != nullptr ? main->GetSafeHwnd() : nullptr, m_pszHelpFilePath, nCmd, dwData);
 }
 
 CWinApp* AFXAPI AfxGetApp() { return AfxGetProcessState().pApp; }

@@ -9,7 +9,20 @@ IMPLEMENT_DYNAMIC(CDialog, CWnd)
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
     ON_COMMAND(IDOK, OnOK)
     ON_COMMAND(IDCANCEL, OnCancel)
+    ON_MESSAGE(WM_COMMANDHELP, OnCommandHelp)
 END_MESSAGE_MAP()
+
+// The dialog's own context when none is given; nothing when it has no help id.
+LRESULT CDialog::OnCommandHelp(WPARAM, LPARAM lParam)
+{
+    if (lParam == 0 && m_nIDHelp != 0)
+        lParam = HID_BASE_RESOURCE + m_nIDHelp;
+    CWinApp* app = AfxGetApp();
+    if (lParam == 0 || app == nullptr)
+        return FALSE;
+    app->WinHelp((DWORD_PTR)lParam, HELP_CONTEXT);
+    return TRUE;
+}
 
 CDialog::CDialog()
     : m_lpszTemplateName(nullptr), m_nIDHelp(0), m_pParentWnd(nullptr), m_lpDialogTemplate(nullptr)

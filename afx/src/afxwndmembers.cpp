@@ -291,6 +291,15 @@ void CWnd::OnWindowPosChanged(WINDOWPOS*) { Default(); }
 void CWnd::OnWindowPosChanging(WINDOWPOS*) { Default(); }
 void CWnd::OnGetMinMaxInfo(MINMAXINFO*) { Default(); }
 BOOL CWnd::OnHelpInfo(HELPINFO*) { return (BOOL)Default(); }
+
+void CWnd::OnHelp()
+{
+    for (HWND h = m_hWnd; h != nullptr; h = ::GetParent(h))
+        if (::SendMessage(h, WM_COMMANDHELP, 0, 0))
+            return;
+    if (CWinApp* app = AfxGetApp())
+        app->WinHelp(0, HELP_CONTENTS);
+}
 void CWnd::OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS*) { Default(); }
 
 // ---- scroll bar ----

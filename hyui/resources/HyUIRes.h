@@ -35,6 +35,8 @@
 #define IDD_DAY_PICKER                  607     // "Select Date"
 #define IDD_EDIT_CONTROLS               12020   // untitled, filled at run time
 #define IDD_PASSWORD                    20025   // "Show Private Records"
+// Help id of template 20025 while it is titled "Enter Password" (no template of its own).
+#define IDD_PASSWORD_ENTER_HELP         20026
 
 // ---- Controls --------------------------------------------------------------
 #ifndef IDC_STATIC
