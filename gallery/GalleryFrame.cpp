@@ -1,5 +1,7 @@
 #include "GalleryFrame.h"
 #include "GalleryStyle.h"
+#include "GalleryHost.h"
+#include "HyPasswordDlg.h"
 #include <algorithm>
 
 namespace {
@@ -162,7 +164,14 @@ BEGIN_MESSAGE_MAP(CGalleryFrame, CWnd)
     ON_WM_GETMINMAXINFO()
     ON_WM_NCDESTROY()
     ON_MESSAGE(WM_PRINTCLIENT, OnPrintClient)
+    ON_MESSAGE(HYWM_GET_PASSWORD_DIGEST, OnPasswordRequest)
 END_MESSAGE_MAP()
+
+// The library asks the application's main window for the password digest.
+LRESULT CGalleryFrame::OnPasswordRequest(WPARAM wParam, LPARAM lParam)
+{
+    return GalleryAnswerPasswordRequest(wParam, lParam);
+}
 
 CGalleryFrame::CGalleryFrame() : m_pPage(nullptr), m_nPage(-1) {}
 

@@ -28,3 +28,10 @@ CString GalleryDisplayPath(const CString& windowsPath);
 CString GalleryWindowsPath(const CString& argument);
 // One line to the standard output or error stream (as bytes, unconverted).
 void GalleryPrintLine(const CString& line, bool toStdErr = false);
+
+// The gallery as the host of private records: its main window answers the
+// library's password-digest request (0xBEC2) with the digest of "secret", or
+// with -1 ("no password set") while that switch is on. Every request counts.
+LRESULT GalleryAnswerPasswordRequest(WPARAM wParam, LPARAM lParam);
+void GallerySetNoPassword(bool noPassword);
+int GalleryPasswordRequests();
