@@ -12,6 +12,7 @@ set(HY_PLATFORM_FREE_SOURCES
   hyui/edits/HyEditGeometry.cpp
   hyui/edits/HyTimeText.cpp
   hyui/privacy/HyPasswordCheck.cpp
+  hyui/images/HyImageRules.cpp
 )
 set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/frame
@@ -19,6 +20,7 @@ set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/cards
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/edits
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/privacy
+  ${CMAKE_CURRENT_LIST_DIR}/../hyui/images
 )
 list(TRANSFORM HY_PLATFORM_FREE_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/../)
 # The native build's stand-ins for what the DLL takes from the platform: MD5

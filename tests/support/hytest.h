@@ -7,3 +7,4 @@
 #include "hytest_intercept.h"
 #include "hytest_objects.h"
 #include "hytest_env.h"
+#include "hytest_http.h"
