@@ -10,9 +10,11 @@ namespace hytest {
 
 struct HttpServer::State
 {
+    static constexpr size_t kDripBytes = 16;
     SOCKET listener = INVALID_SOCKET;
     int port = 0;
     std::atomic<bool> stop{ false };
+    std::atomic<bool> answering{ false };
     mutable std::mutex lock;
     std::vector<HttpScript> scripts;
     size_t next = 0;
@@ -42,10 +44,24 @@ struct HttpServer::State
         requests.push_back(head.substr(0, head.find("\r\n")));
     }
 
-    void Pause(int ms)
+    // Waits ms, or less once the client has hung up (when a socket is given).
+    void Pause(int ms, SOCKET s = INVALID_SOCKET)
     {
         for (DWORD start = ::GetTickCount(); !stop && (int)(::GetTickCount() - start) < ms;)
-            ::Sleep(10);
+        {
+            if (s == INVALID_SOCKET)
+            {
+                ::Sleep(10);
+                continue;
+            }
+            fd_set readable;
+            FD_ZERO(&readable);
+            FD_SET(s, &readable);
+            timeval wait{ 0, 10000 };
+            char c;
+            if (::select(0, &readable, nullptr, nullptr, &wait) > 0 && ::recv(s, &c, 1, MSG_PEEK) <= 0)
+                return;
+        }
     }
 
     static void Reset(SOCKET s)
@@ -70,13 +86,13 @@ struct HttpServer::State
             {
             case HttpStep::Send: ::send(s, step.bytes.data(), (int)step.bytes.size(), 0); break;
             case HttpStep::Drip:
-                for (char c : step.bytes)
+                for (size_t at = 0; at < step.bytes.size() && !stop; at += kDripBytes)
                 {
-                    ::send(s, &c, 1, 0);
-                    Pause(step.ms);
+                    ::send(s, step.bytes.data() + at, (int)step.bytes.substr(at, kDripBytes).size(), 0);
+                    ::Sleep(step.ms);
                 }
                 break;
-            case HttpStep::Stall: Pause(step.ms); break;
+            case HttpStep::Stall: Pause(step.ms, s); break;
             case HttpStep::Close: ::shutdown(s, SD_SEND); ::closesocket(s); return;
             case HttpStep::Reset: return Reset(s);
             }
@@ -96,9 +112,11 @@ struct HttpServer::State
             timeval wait{ 0, 50000 };
             if (::select(0, &readable, nullptr, nullptr, &wait) <= 0)
                 continue;
+            self->answering = true;
             SOCKET s = ::accept(self->listener, nullptr, nullptr);
             if (s != INVALID_SOCKET)
                 self->Answer(s);
+            self->answering = false;
         }
         return 0;
     }
@@ -141,6 +159,12 @@ HttpServer::~HttpServer()
 }
 
 int HttpServer::port() const { return m_state->port; }
+
+void HttpServer::WaitIdle() const
+{
+    for (DWORD start = ::GetTickCount(); m_state->answering && ::GetTickCount() - start < 2000;)
+        ::Sleep(1);
+}
 
 void HttpServer::Serve(std::vector<HttpScript> scripts)
 {
@@ -210,10 +234,41 @@ ProxySetting::~ProxySetting()
 
 // ---- handles and debug output ---------------------------------------------
 
+namespace {
+// The system's handle list (SystemHandleInformation, class 16): a count, then
+// one 24-byte entry a handle whose first field is the owning process id.
+struct SystemHandleEntry
+{
+    ULONG ownerPid;
+    BYTE objectType, flags;
+    USHORT handle;
+    void* object;
+    ACCESS_MASK access;
+};
+using QuerySystemInformation = LONG(WINAPI*)(ULONG, void*, ULONG, ULONG*);
+}  // namespace
+
 long KernelHandleCount()
 {
     DWORD count = 0;
-    return ::GetProcessHandleCount(::GetCurrentProcess(), &count) ? (long)count : -1;
+    if (::GetProcessHandleCount(::GetCurrentProcess(), &count) && count != 0)
+        return (long)count;
+    // Wine answers 0 there; its system handle list is complete.
+    auto query = (QuerySystemInformation)(void*)::GetProcAddress(::GetModuleHandleA("ntdll.dll"),
+                                                                  "NtQuerySystemInformation");
+    std::vector<BYTE> buffer(1 << 16);
+    ULONG needed = 0;
+    LONG status;
+    while (query != nullptr && (status = query(16, buffer.data(), (ULONG)buffer.size(), &needed)) == (LONG)0xC0000004)
+        buffer.resize(buffer.size() * 2);
+    if (query == nullptr || status != 0)
+        return -1;
+    const ULONG_PTR entries = *(const ULONG_PTR*)buffer.data();
+    const SystemHandleEntry* e = (const SystemHandleEntry*)(buffer.data() + sizeof(ULONG_PTR));
+    long mine = 0;
+    for (ULONG_PTR i = 0; i < entries; ++i)
+        mine += e[i].ownerPid == ::GetCurrentProcessId();
+    return mine;
 }
 
 namespace {

@@ -21,7 +21,7 @@ struct HttpStep
 {
     enum Kind { Send, Drip, Stall, Close, Reset } kind;
     std::string bytes;   // Send, Drip
-    int ms = 0;          // Drip: the pause between bytes; Stall: how long
+    int ms = 0;          // Drip: the pause after each 16 bytes; Stall: how long (less if the client hangs up)
 };
 using HttpScript = std::vector<HttpStep>;
 
@@ -42,6 +42,8 @@ public:
     // The scripts for the next connections, in order; a connection beyond
     // them is reset at once.
     void Serve(std::vector<HttpScript> scripts);
+    // Returns once no connection is being answered (2 s at most).
+    void WaitIdle() const;
     // Request lines seen since the last Serve ("GET http://a.test/b.jpg HTTP/1.0").
     std::vector<std::string> Requests() const;
 
