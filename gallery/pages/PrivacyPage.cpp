@@ -1,12 +1,17 @@
-// The "Privacy" page: the password prompts run as a host runs them. The
-// gallery's main window answers the library's digest request with the
-// digest of "secret" for the user "Rosalind Abbott", or with "no password
+// The "Privacy and images" page: the password prompts run as a host runs
+// them. The gallery's main window answers the library's digest request with
+// the digest of "secret" for the user "Rosalind Abbott", or with "no password
 // set" while the switch is on. The outcome of each prompt is shown, never
 // what was typed. Under it, the three dialogs as they open, made from their
-// templates without ever appearing on the screen.
+// templates without ever appearing on the screen. Last, the gallery's own
+// pictures (a wide JPEG, a tall and a small bitmap, a palette bitmap) drawn
+// by HYDrawRectImage into square, wide and shallow targets.
 #include <algorithm>
+#include <memory>
 #include "GalleryHost.h"
 #include "GalleryPage.h"
+#include "GalleryPictures.h"
+#include "HyImageHelpers.h"
 #include "GalleryRender.h"
 #include "GalleryStyle.h"
 #include "HyPasswordDlg.h"
@@ -17,6 +22,11 @@ namespace {
 constexpr UINT kShowId = 3401, kEditId = 3402, kMaskId = 3403, kNoPasswordId = 3404, kLogId = 3405;
 constexpr int kTop = 96, kHeading = 40, kLogLines = 6;
 constexpr int kButtonWidth = 220, kButtonHeight = 28, kWidth = 760;
+constexpr int kLabelWidth = 190, kColumnWidth = 184;
+const SIZE kTargets[] = { { 96, 96 }, { 160, 72 }, { 120, 40 } };
+const LPCTSTR kTargetNames[] = { _T("Square, 96 x 96"), _T("Wide, 160 x 72"), _T("Shallow, 120 x 40") };
+const LPCTSTR kPictureNames[] = { _T("Wide photo, JPEG 240 x 120"), _T("Tall, 90 x 180"),
+                                  _T("Small, 32 x 24 (never enlarged)"), _T("Palette bitmap, 8 bits, 120 x 80") };
 const TCHAR kUserName[] = _T("Rosalind Abbott");
 
 struct Prompt
@@ -46,7 +56,7 @@ public:
     CSize GetContentSize(int cx) override
     {
         (void)cx;
-        return CSize(GalleryStyle::kMargin * 2 + kWidth, PreviewTop() + kHeading + PreviewHeight() + 40);
+        return CSize(GalleryStyle::kMargin * 2 + kWidth, PicturesTop() + kHeading + PicturesHeight() + 40);
     }
 
     void GetExtraImages(std::vector<ExtraImage>& images) override
@@ -76,6 +86,7 @@ protected:
         CreateLog(m_log, this, kLogId);
         AppendLog(m_log, _T("No prompt run yet. The password is \"secret\"."), kLogLines);
         MakePreviews();
+        MakePictures();
     }
 
     void Layout(int cx, int scrollY) override
@@ -96,7 +107,7 @@ protected:
     {
         (void)rcContent;
         using namespace GalleryStyle;
-        DrawPageTitle(dc, _T("Privacy"));
+        DrawPageTitle(dc, _T("Privacy and images"));
         CString heading;
         heading.Format(_T("Password prompts for %s (HyPromptForPassword...)"), kUserName);
         DrawSectionHeading(dc, kMargin, kTop, kWidth, heading);
@@ -110,6 +121,7 @@ protected:
             const CPoint at = PreviewOrigin(i);
             dc.BitBlt(at.x, at.y, p.size.cx, p.size.cy, &memDC, 0, 0, SRCCOPY);
         }
+        PaintPictures(dc);
     }
 
     // The switch sits on the page's own background.
@@ -182,6 +194,79 @@ private:
         }
     }
 
+    // A wide JPEG (encoded and decoded again), then bitmaps.
+    void MakePictures()
+    {
+        const GalleryPicture kinds[] = { GalleryPicture::Landscape, GalleryPicture::Portrait, GalleryPicture::Small,
+                                         GalleryPicture::Palette };
+        for (GalleryPicture kind : kinds)
+            m_pictures.push_back(GalleryMakePicture(kind));
+        BYTE* bytes = nullptr;
+        long size = 0;
+        if (HyEncodeJPEG(m_pictures[0].get(), bytes, size))
+        {
+            m_pictures[0] = std::make_unique<CxImage>(bytes, (DWORD)size, (DWORD)CxImage::FORMAT_JPG);
+            HyFreeEncodedImage(bytes);
+        }
+    }
+
+    // How far a picture reaches above and below its target's top: only the
+    // target's width limits it, so a tall picture overflows a shallow target.
+    int RowHeight(size_t picture) const
+    {
+        int height = 0;
+        for (const SIZE& target : kTargets)
+        {
+            CRect r(0, 0, (int)m_pictures[picture]->GetWidth(), (int)m_pictures[picture]->GetHeight());
+            HYScalePropRect(r, target.cx);
+            height = std::max(height, (int)std::max(target.cy, (LONG)r.Height()));
+        }
+        return height + GalleryStyle::kGap * 2;
+    }
+
+    void PaintPictures(CDC& dc)
+    {
+        using namespace GalleryStyle;
+        DrawSectionHeading(dc, kMargin, PicturesTop(), kWidth,
+                           _T("HYDrawRectImage: fitted to the target's width and centred (target outlined)"));
+        CFont* old = dc.SelectObject(BodyFont());
+        dc.SetBkMode(TRANSPARENT);
+        int y = PicturesTop() + kHeading;
+        dc.SetTextColor(MutedText());
+        for (int column = 0; column < 3; ++column)
+            dc.TextOut(kMargin + kLabelWidth + column * kColumnWidth, y, kTargetNames[column]);
+        y += LineHeight() + kGap;
+        CPen dashed(PS_DOT, 1, Rule());
+        for (size_t row = 0; row < m_pictures.size(); ++row)
+        {
+            const int pitch = RowHeight(row), middle = y + pitch / 2;
+            dc.SetTextColor(Text());
+            CRect label(kMargin, y, kMargin + kLabelWidth - kGap, y + pitch);
+            dc.DrawText(kPictureNames[row], -1, &label, DT_WORDBREAK | DT_VCENTER | DT_NOPREFIX);
+            for (int column = 0; column < 3; ++column)
+            {
+                const int x = kMargin + kLabelWidth + column * kColumnWidth;
+                const CRect target(x, middle - kTargets[column].cy / 2, x + kTargets[column].cx,
+                                   middle - kTargets[column].cy / 2 + kTargets[column].cy);
+                HYDrawRectImage(&dc, m_pictures[row].get(), target);
+                CDCSelect pen(dc, &dashed);
+                CDCSelect brush(dc, CBrush::FromHandle((HBRUSH)::GetStockObject(NULL_BRUSH)));
+                dc.Rectangle(target.left - 1, target.top - 1, target.right + 1, target.bottom + 1);
+            }
+            y += pitch;
+        }
+        dc.SelectObject(old);
+    }
+
+    int PicturesTop() const { return PreviewTop() + kHeading + PreviewHeight() + GalleryStyle::kMargin; }
+    int PicturesHeight() const
+    {
+        int h = GalleryStyle::LineHeight() + GalleryStyle::kGap;
+        for (size_t row = 0; row < m_pictures.size(); ++row)
+            h += RowHeight(row);
+        return h;
+    }
+
     int LogTop() const { return kTop + kHeading + 2 * kButtonHeight + 2 * GalleryStyle::kGap; }
     int LogHeight() const { return GalleryStyle::LineHeight() * kLogLines + 4; }
     int PreviewTop() const { return LogTop() + LogHeight() + GalleryStyle::kMargin; }
@@ -205,10 +290,11 @@ private:
     CListBox m_log;
     CBrush m_background;
     std::vector<Preview> m_previews;
+    std::vector<std::unique_ptr<CxImage>> m_pictures;
 };
 
 BEGIN_MESSAGE_MAP(CPrivacyPage, CGalleryPage)
     ON_WM_CTLCOLOR()
 END_MESSAGE_MAP()
 
-GALLERY_REGISTER_PAGE(CPrivacyPage, _T("Privacy"), _T("privacy"), 60)
+GALLERY_REGISTER_PAGE(CPrivacyPage, _T("Privacy and images"), _T("privacy"), 60)

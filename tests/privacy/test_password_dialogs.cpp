@@ -22,8 +22,8 @@ struct CTestApp : CWinApp
 };
 
 // An application whose main window answers the digest request, and a person
-// who types each attempt and presses OK ("<help>": the Help button; the
-// dialog is cancelled after the last attempt).
+// who types each attempt and presses OK ("<help>": the Help button, "<esc>":
+// Escape, "<close>": the close box; Cancel after the last attempt).
 struct Host
 {
     CTestApp app;
@@ -32,15 +32,21 @@ struct Host
     hytest::MessageBoxRecorder boxes;
     LRESULT answer = 0;
     std::string log;   // "ask" per request, the caption and the edit's limit per dialog
+    unsigned char* block = nullptr;   // where the prompt's digest buffer was
     std::vector<std::string> attempts;
     hytest::DialogDriver driver{ [this](HWND dlg) {
         HWND edit = ::GetDlgItem(dlg, 20059);
         log += " " + WindowText(*CWnd::FromHandle(dlg)) + "/" + std::to_string(::SendMessage(edit, EM_GETLIMITTEXT, 0, 0));
         for (const std::string& a : attempts)
-        {
-            a == "<help>" ? void() : hytest::Type(edit, a.c_str());   // replaces a failed attempt, left selected
-            ::PostMessage(dlg, WM_COMMAND, a == "<help>" ? 57670 : IDOK, 0);
-        }
+            if (a == "<esc>")
+                ::PostMessage(edit, WM_KEYDOWN, VK_ESCAPE, 1);
+            else if (a == "<close>")
+                ::PostMessage(dlg, WM_SYSCOMMAND, SC_CLOSE, 0);
+            else
+            {
+                a == "<help>" ? void() : hytest::Type(edit, a.c_str());   // replaces a failed attempt, left selected
+                ::PostMessage(dlg, WM_COMMAND, a == "<help>" ? 57670 : IDOK, 0);
+            }
         ::PostMessage(dlg, WM_COMMAND, IDCANCEL, 0);
     } };
     Host()
@@ -48,7 +54,7 @@ struct Host
         main.Attach(frame);
         app.m_pMainWnd = &main;
         frame.OnMessage(HYWM_GET_PASSWORD_DIGEST, [this](HWND, WPARAM w, LPARAM l) {
-            unsigned char* block = (unsigned char*)l;
+            block = (unsigned char*)l;
             log += w == 2 && std::all_of(block, block + 32, [](unsigned char c) { return c == 0; }) ? "ask" : "bad";
             std::memcpy(block, kSecretMd5, 32);
             return answer;
@@ -77,6 +83,8 @@ TEST_F(PasswordTest, PromptsGrantWhatTheHostAndThePersonAllow)
         { "Ann", 0, 1, { "nope", "secreT", "secret" }, 1, 2, "ask Edit Private Record/31" },
         { "Ann", 0, 2, { "wrong", "secret" }, 1, 1, "ask Password/31" },
         { "Ann", 0, 0, { "wrong" }, 0, 1, "ask Show Private Records/31" },
+        { "Ann", 0, 0, { "secre", "<esc>" }, 0, 1, "ask Show Private Records/31" },
+        { "Ann", 0, 2, { "<close>" }, 0, 0, "ask Password/31" },
         { "Ann", -1, 0, {}, 1, 0, "ask" },   // no password set: no dialog
         { "", -1, 0, {}, 0, 0, "ask" },      // the request comes first, then the empty name refuses
         { "", 0, 2, {}, 0, 0, "ask" },
@@ -86,8 +94,16 @@ TEST_F(PasswordTest, PromptsGrantWhatTheHostAndThePersonAllow)
         Host host;
         host.answer = c.answer;
         host.attempts = c.attempts;
+        hytest::DebugOutputCapture debug;
+        ::OutputDebugStringA("probe");
         const int granted = c.mode == 2 ? HyPromptForPasswordWhileMasking(c.name, &host.main)
                                         : HyPromptForPassword(c.name, &host.main, c.mode);
+        unsigned char left[32];
+        std::memcpy(left, host.block, 32);   // the prompt's buffer, just after it returned
+        EXPECT_EQ(std::count(left, left + 32, 0), 32) << "the digest outlived the prompt";
+        EXPECT_EQ(debug.Lines().front(), "probe");
+        for (const std::string& line : debug.Lines())
+            EXPECT_EQ(line.find("secret"), std::string::npos) << line;
         EXPECT_EQ(granted, c.granted) << c.log;
         EXPECT_EQ(host.log, c.log);
         ASSERT_EQ(host.boxes.Count(), c.wrong) << c.log;

@@ -292,7 +292,8 @@ LONG CALLBACK DebugOutputCapture::Handler(EXCEPTION_POINTERS* info)
     // OutputDebugStringA raises this with the length and the text.
     if (g_capture != nullptr && r->ExceptionCode == DBG_PRINTEXCEPTION_C && r->NumberParameters >= 2)
         g_capture->m_lines.emplace_back((const char*)r->ExceptionInformation[1],
-                                        (size_t)r->ExceptionInformation[0]);
+                                        strnlen((const char*)r->ExceptionInformation[1],
+                                                (size_t)r->ExceptionInformation[0]));   // the count takes the zero in
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
