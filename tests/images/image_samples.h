@@ -1,51 +1,52 @@
 // Pictures made in memory for the image tests: BMP files of any size and
-// depth whose pixel (x, y) has a known colour.
+// depth whose pixel (x, y) has a known colour, and the same as JPEG.
 #pragma once
 
-#include <windows.h>
+#include "HyImageHelpers.h"
 
 #include <string>
 
-// The colour of pixel (x, y) in every sample: a diagonal pattern of eight
-// colours in blocks of `block` pixels.
+// Pixel (x, y): a diagonal pattern of eight colours in blocks of `block` pixels.
+inline int SampleIndex(int x, int y, int block) { return (x / block + y / block) % 8; }
 inline COLORREF SampleColour(int x, int y, int block = 4)
 {
     static const COLORREF kColours[8] = { RGB(200, 30, 30), RGB(30, 160, 40), RGB(40, 60, 210), RGB(240, 200, 40),
                                           RGB(20, 20, 20), RGB(250, 250, 250), RGB(130, 40, 160), RGB(30, 170, 170) };
-    return kColours[((x / block) + (y / block)) % 8];
+    return kColours[SampleIndex(x, y, block)];
 }
 
 // A BMP file, bottom-up; bpp 24, or 8 or 4 with the eight colours as palette.
 inline std::string SampleBmp(int w, int h, int bpp = 24, int block = 4)
 {
     const int stride = ((w * bpp + 31) / 32) * 4, colours = bpp == 24 ? 0 : 1 << bpp;
-    BITMAPFILEHEADER file{};
-    BITMAPINFOHEADER info{ sizeof info, w, h, 1, (WORD)bpp, BI_RGB };
-    file.bfType = 0x4D42;
-    file.bfOffBits = sizeof file + sizeof info + colours * 4;
-    file.bfSize = file.bfOffBits + stride * h;
-    std::string out((const char*)&file, sizeof file);
-    out.append((const char*)&info, sizeof info);
+    const BITMAPFILEHEADER file{ 0x4D42, DWORD(14 + 40 + colours * 4 + stride * h), 0, 0, DWORD(14 + 40 + colours * 4) };
+    const BITMAPINFOHEADER info{ sizeof info, w, h, 1, (WORD)bpp, BI_RGB };
+    std::string out = std::string((const char*)&file, sizeof file) + std::string((const char*)&info, sizeof info);
     for (int i = 0; i < colours; ++i)
-    {
-        const COLORREF c = SampleColour(i * block, 0, block);
-        out += { (char)GetBValue(c), (char)GetGValue(c), (char)GetRValue(c), 0 };
-    }
+        out += { (char)GetBValue(SampleColour(i * 4, 0)), (char)GetGValue(SampleColour(i * 4, 0)),
+                 (char)GetRValue(SampleColour(i * 4, 0)), 0 };
     for (int y = h - 1; y >= 0; --y)
     {
         std::string row(stride, '\0');
         for (int x = 0; x < w; ++x)
-        {
-            const COLORREF c = SampleColour(x, y, block);
-            const int index = ((x / block) + (y / block)) % 8;
             if (bpp == 24)
-                row[x * 3] = (char)GetBValue(c), row[x * 3 + 1] = (char)GetGValue(c), row[x * 3 + 2] = (char)GetRValue(c);
-            else if (bpp == 8)
-                row[x] = (char)index;
+                for (int c = 0; c < 3; ++c)
+                    row[x * 3 + c] = (char)(SampleColour(x, y, block) >> (16 - 8 * c));   // blue, green, red
             else
-                row[x / 2] |= (char)(x % 2 ? index : index << 4);
-        }
+                row[x * bpp / 8] |= (char)(SampleIndex(x, y, block) << (8 - bpp - x * bpp % 8));
         out += row;
     }
+    return out;
+}
+
+inline std::string SampleJpeg(int w, int h)
+{
+    const std::string bmp = SampleBmp(w, h);
+    CxImage image((BYTE*)bmp.data(), (DWORD)bmp.size(), CxImage::FORMAT_BMP);
+    BYTE* bytes = nullptr;
+    long size = 0;
+    HyEncodeJPEG(&image, bytes, size);
+    const std::string out((const char*)bytes, size);
+    HyFreeEncodedImage(bytes);
     return out;
 }

@@ -1,62 +1,41 @@
 // Photo downloads from a real HTTP server on 127.0.0.1, reached through the
 // user's proxy setting: what comes back, the message a person sees, the
-// request the server got, the wait cursor, and no handle left behind.
+// requests the server got, the wait cursor, and no handle left behind.
 #include "HyImageHelpers.h"
 #include "hytest_afx.h"
 #include "image_samples.h"
 
 namespace {
 
-using hytest::HttpResponse;
 using hytest::HttpScript;
 using hytest::HttpStep;
 
 std::vector<HCURSOR> g_cursors;
-HCURSOR WINAPI RecordCursor(HCURSOR cursor)
-{
-    g_cursors.push_back(cursor);
-    return nullptr;
-}
+HCURSOR WINAPI RecordCursor(HCURSOR cursor) { return g_cursors.push_back(cursor), nullptr; }
 
-std::string Jpeg()
+HttpScript Ok(const std::string& body, const char* length = nullptr, const std::string& headers = "")
 {
-    std::string bmp = SampleBmp(10, 6);
-    CxImage image((BYTE*)bmp.data(), (DWORD)bmp.size(), 1);
-    BYTE* bytes = nullptr;
-    long size = 0;
-    HyEncodeJPEG(&image, bytes, size);
-    std::string out((const char*)bytes, size);
-    HyFreeEncodedImage(bytes);
-    return out;
+    return hytest::HttpResponse("200 OK", body, headers, length);
 }
+HttpScript Redirect() { return hytest::HttpResponse("302 Found", "", "Location: http://photos.test/a.jpg\r\n"); }
 
-// What a download gave: "null", "invalid" or "WxH", then the message's id.
+// "null", "invalid" or "WxH", then each message as "text/type".
 std::string Outcome(CxImage* image, const hytest::MessageBoxRecorder& boxes)
 {
-    std::string s = image == nullptr ? "null" : image->IsValid() ? std::to_string(image->GetWidth()) + "x" +
-                                                                       std::to_string(image->GetHeight())
-                                                                 : "invalid";
+    std::string s = !image ? "null" : !image->IsValid() ? "invalid"
+                        : std::to_string(image->GetWidth()) + "x" + std::to_string(image->GetHeight());
     for (const hytest::MessageBoxCall& box : boxes.Calls())
-        s += " \"" + box.text + "\"/" + std::to_string(box.type);
+        s += " " + box.text + "/" + std::to_string(box.type);
     delete image;
     return s;
 }
 
-struct Case
-{
-    const char* what;
-    const char* url;
-    std::vector<HttpScript> scripts;
-    const char* outcome;
-    int requests;   // request lines, each "GET http://photos.test:80<path> HTTP/1.0" (port 0: the default, 80)
-};
+const std::string kBmp = SampleBmp(10, 6), kJpeg = SampleJpeg(10, 6);
+const std::string k14001 = "null The URL address is not valid/48", k14002 = "null The image is corrupt/48";
+const std::string kHead = "HTTP/1.0 200 OK\r\nContent-Length: " + std::to_string(kJpeg.size()) + "\r\n\r\n";
 
 // The wait cursor's first loading creates its pictures.
-void WarmUp()
-{
-    WarmUpStandardControls();
-    CWaitCursor wait;
-}
+void WarmUp() { WarmUpStandardControls(), CWaitCursor(); }
 
 class DownloadTest : public GuardedTest<WarmUp>
 {
@@ -70,104 +49,69 @@ protected:
         delete HYDownloadURLImage("http://photos.test/first.jpg", 1);   // the HTTP client's first start
         server.WaitIdle();
     }
-    void TearDown() override { HySetDownloadTimeout(0); GuardedTest::TearDown(); }
+    void TearDown() override { HySetDownloadTimeout(0), GuardedTest::TearDown(); }
 
-    void Check(const Case& c, int quiet = 0)
+    // Each request line must be "GET http://photos.test:80<path> HTTP/1.0":
+    // the url's port 0 is the default, 80.
+    void Check(const char* url, std::vector<HttpScript> scripts, const std::string& outcome, size_t requests,
+               int quiet = 0)
     {
-        SCOPED_TRACE(c.what);
+        SCOPED_TRACE(url);
         hytest::MessageBoxRecorder boxes;
         g_cursors.clear();
-        server.Serve(c.scripts);
+        server.Serve(std::move(scripts));
         const long handles = hytest::KernelHandleCount();
-        EXPECT_EQ(Outcome(HYDownloadURLImage(c.url, quiet), boxes), c.outcome);
+        EXPECT_EQ(Outcome(HYDownloadURLImage(url, quiet), boxes), outcome);
         server.WaitIdle();   // the server's own socket is gone too
         EXPECT_EQ(hytest::KernelHandleCount(), handles);
-        const std::vector<std::string> requests = server.Requests();
-        EXPECT_EQ((int)requests.size(), c.requests);
-        for (const std::string& line : requests)
-            EXPECT_EQ(line, "GET http://photos.test:80" + std::string(strchr(c.url + 7, '/')) + " HTTP/1.0");
-        ASSERT_EQ(g_cursors.size(), 2u);
-        EXPECT_EQ(g_cursors[0], ::LoadCursor(nullptr, IDC_WAIT));
+        EXPECT_EQ(server.Requests(), std::vector<std::string>(requests, "GET http://photos.test:80" +
+                                                                        std::string(strchr(url + 7, '/') ?: "") + " HTTP/1.0"));
+        EXPECT_EQ(g_cursors, (std::vector<HCURSOR>{ ::LoadCursor(nullptr, IDC_WAIT), nullptr }));
     }
 };
 
-const std::string kJpeg = Jpeg(), kBmp = SampleBmp(10, 6);
-const std::string kNoConnection = "null \"Could not connect to the internet\"/48";
-const std::string kInvalidUrl = "null \"The URL address is not valid\"/48";
-const std::string kCorrupt = "null \"The image is corrupt\"/48";
-
-HttpScript Redirect(const char* to) { return HttpResponse("302 Found", "", std::string("Location: ") + to + "\r\n"); }
-HttpScript Then(HttpScript a, const HttpStep& b) { return (a.push_back(b), a); }
-
 TEST_F(DownloadTest, EveryAnswerGivesItsOutcome)
 {
-    const std::string head = "HTTP/1.0 200 OK\r\nContent-Length: " + std::to_string(kJpeg.size()) + "\r\n\r\n";
+    const char* const a = "http://photos.test/a.jpg";
     std::string broken = kJpeg;
     broken.replace(0, 20, 20, 'x');
-    std::vector<HttpScript> loop(30, Redirect("http://photos.test/loop.jpg"));
-    const Case cases[] = {
-        { "reset before a reply", "http://photos.test/a.jpg", { { { HttpStep::Reset } } }, kInvalidUrl.c_str(), 1 },
-        { "redirect loop", "http://photos.test/loop.jpg", loop, kInvalidUrl.c_str(), 31 },
-        { "no Content-Length", "http://photos.test/a.jpg", { HttpResponse("200 OK", kJpeg, "", "") }, kCorrupt.c_str(), 1 },
-        { "chunked", "http://photos.test/a.jpg",
-          { HttpResponse("200 OK", "5\r\nhello\r\n0\r\n\r\n", "Transfer-Encoding: chunked\r\n", "") }, kCorrupt.c_str(), 1 },
-        { "length -1", "http://photos.test/a.jpg", { HttpResponse("200 OK", kJpeg, "", "-1") }, kCorrupt.c_str(), 1 },
-        { "length 2^32 + 1", "http://photos.test/a.jpg", { HttpResponse("200 OK", kJpeg, "", "4294967297") },
-          kCorrupt.c_str(), 1 },
-        { "a 40-character length", "http://photos.test/a.jpg",
-          { HttpResponse("200 OK", kJpeg, "", "0000000000000000000000000000000000000100") }, kCorrupt.c_str(), 1 },
-        { "reset mid-body", "http://photos.test/a.jpg",
-          { { { HttpStep::Send, head + kJpeg.substr(0, 100) }, { HttpStep::Stall, "", 100 }, { HttpStep::Reset } } },
-          kCorrupt.c_str(), 1 },
-        { "stall past the timeout", "http://photos.test/a.jpg",
-          { { { HttpStep::Send, head + kJpeg.substr(0, 10) }, { HttpStep::Stall, "", 3000 } } }, kCorrupt.c_str(), 1 },
-        { "404 page", "http://photos.test/a.jpg", { HttpResponse("404 Not Found", "<html>gone</html>") }, "invalid", 1 },
-        { "short body, then closed", "http://photos.test/a.jpg",
-          { HttpResponse("200 OK", kJpeg.substr(0, 10), "", "1000") }, "invalid", 1 },
-        { "length short of the picture", "http://photos.test/a.jpg", { HttpResponse("200 OK", kJpeg, "", "100") },
-          "invalid", 1 },
-        { "broken JPEG header", "http://photos.test/a.jpg", { HttpResponse("200 OK", broken) }, "invalid", 1 },
-        { "BMP bytes at .jpg", "http://photos.test/a.jpg", { HttpResponse("200 OK", kBmp) }, "invalid", 1 },
-        { "gzip body", "http://photos.test/a.jpg",
-          { HttpResponse("200 OK", std::string("\x1f\x8b\x08\0\0\0\0\0\0\x03\x03\0\0\0\0\0\0\0\0\0", 20),
-                         "Content-Encoding: gzip\r\n") }, "invalid", 1 },
-        { "length 0", "http://photos.test/a.jpg", { HttpResponse("200 OK", "") }, "invalid", 1 },
-        { "slow drip", "http://photos.test/a.jpg", { { { HttpStep::Drip, head + kJpeg, 5 } } }, "10x6", 1 },
-        { "500 with a picture", "http://photos.test/A.JPG", { HttpResponse("500 Oops", kJpeg) }, "10x6", 1 },
-        { "text/html with a picture", "http://photos.test/a.jpg",
-          { HttpResponse("200 OK", kJpeg, "Content-Type: text/html\r\n") }, "10x6", 1 },
-        { "302 to a picture", "http://photos.test/a.jpg",
-          { Redirect("http://photos.test/a.jpg"), HttpResponse("200 OK", kJpeg) }, "10x6", 2 },
-        { "a bitmap", "http://photos.test/b.Bmp", { HttpResponse("200 OK", kBmp) }, "10x6", 1 },
-        // Decided by the system's HTTP client, not by us (docs/images.md):
-        { "closed before a reply", "http://photos.test/a.jpg", { { { HttpStep::Close } } }, kCorrupt.c_str(), 1 },
-        { "garbage before a reply", "http://photos.test/a.jpg", { { { HttpStep::Send, "garbage\r\n\r\n" } } }, kCorrupt.c_str(), 1 },
-        { "empty host: no \"/\"", "http://photos.jpg", {}, kInvalidUrl.c_str(), 0 },
-        { "empty host: https", "https://photos.test/a.jpg", {}, kInvalidUrl.c_str(), 0 },
-        { "empty host: under 8 characters", "a.jpg", {}, kInvalidUrl.c_str(), 0 },
-        { ".jpeg", "http://photos.test/a.jpeg", {}, "null", 0 },
-        { ".png", "http://photos.test/a.png", {}, "null", 0 },
-        { "a query", "http://photos.test/a.jpg?x=1", {}, "null", 0 },
-        { "empty url", "", {}, "null", 0 },
+    const struct { const char* url; std::vector<HttpScript> scripts; std::string outcome; size_t requests; } cases[] = {
+        { a, { { { HttpStep::Reset } } }, k14001, 1 },                                     // reset before a reply
+        { a, std::vector<HttpScript>(30, Redirect()), k14001, 31 },                          // 30 redirects, then reset
+        { "http://photos.jpg", {}, k14001, 0 },                                              // empty host: no "/"
+        { "https://photos.test/a.jpg", {}, k14001, 0 }, { "a.jpg", {}, k14001, 0 },          // ... https, too short
+        { a, { Ok(kJpeg, "") }, k14002, 1 },                                                  // no Content-Length
+        { a, { Ok("5\r\nhello\r\n0\r\n\r\n", "", "Transfer-Encoding: chunked\r\n") }, k14002, 1 },
+        { a, { Ok(kJpeg, "-1") }, k14002, 1 }, { a, { Ok(kJpeg, "4294967297") }, k14002, 1 },
+        { a, { Ok(kJpeg, "0000000000000000000000000000000000000100") }, k14002, 1 },    // 40 characters
+        { a, { { { HttpStep::Send, kHead + kJpeg.substr(0, 99) }, { HttpStep::Stall, "", 100 }, { HttpStep::Reset } } },
+          k14002, 1 },                                                                        // reset mid-body
+        { a, { { { HttpStep::Send, kHead + kJpeg.substr(0, 9) }, { HttpStep::Stall, "", 3000 } } }, k14002, 1 },
+        { a, { { { HttpStep::Close } } }, k14002, 1 },                                      // Wine: closed before a reply
+        { a, { { { HttpStep::Send, "garbage\r\n\r\n" } } }, k14002, 1 },                    // Wine: not HTTP
+        { a, { hytest::HttpResponse("404 Not Found", "<html>gone</html>") }, "invalid", 1 },
+        { a, { Ok(kJpeg.substr(0, 10), "1000") }, "invalid", 1 },                           // short body, closed
+        { a, { Ok(kJpeg, "100") }, "invalid", 1 }, { a, { Ok(broken) }, "invalid", 1 },
+        { a, { Ok(kBmp) }, "invalid", 1 }, { a, { Ok("") }, "invalid", 1 },                  // no sniffing; length 0
+        { a, { Ok(std::string("\x1f\x8b\x08\0\0\0\0\0\0\x03\x03\0\0\0\0\0\0\0\0\0", 20), nullptr,
+                  "Content-Encoding: gzip\r\n") }, "invalid", 1 },
+        { a, { { { HttpStep::Drip, kHead + kJpeg, 5 } } }, "10x6", 1 },                     // slow drip
+        { "http://photos.test/A.JPG", { hytest::HttpResponse("500 Oops", kJpeg) }, "10x6", 1 },
+        { a, { Ok(kJpeg, nullptr, "Content-Type: text/html\r\n") }, "10x6", 1 },
+        { a, { Redirect(), Ok(kJpeg) }, "10x6", 2 }, { "http://photos.test/b.Bmp", { Ok(kBmp) }, "10x6", 1 },
+        { "http://photos.test/a.jpeg", {}, "null", 0 }, { "http://photos.test/a.png", {}, "null", 0 },
+        { "http://photos.test/a.jpg?x=1", {}, "null", 0 }, { "", {}, "null", 0 },
     };
-    for (const Case& c : cases)
-        Check(c);
-}
-
-TEST_F(DownloadTest, QuietShowsNothingAndNothingListeningIsInvalid)
-{
-    Check({ "quiet", "http://photos.test/a.jpg", { HttpResponse("200 OK", kJpeg, "", "") }, "null", 1 }, 1);
+    for (const auto& c : cases)
+        Check(c.url, c.scripts, c.outcome, c.requests);
+    Check(a, { Ok(kJpeg, "") }, "null", 1, 1);   // quiet
     hytest::ProxySetting nowhere(0);
-    Check({ "nothing listening", "http://photos.test/a.jpg", {}, kInvalidUrl.c_str(), 0 });
+    Check(a, {}, k14001, 0);   // nothing listening
 }
 
 TEST_F(DownloadTest, HandlesAndObjectsStayFlat)
 {
-    const Case ok{ "fine", "http://photos.test/a.jpg", { HttpResponse("200 OK", kJpeg) }, "10x6", 1 };
-    Check(ok);
-    const long handles = hytest::KernelHandleCount();
-    RunRepeated([&] { for (int i = 0; i < 100; ++i) Check(ok); }, 1);
-    EXPECT_LE(hytest::KernelHandleCount(), handles);
+    RunRepeated([&] { for (int i = 0; i < 100; ++i) Check("http://photos.test/a.jpg", { Ok(kJpeg) }, "10x6", 1); }, 1);
 }
 
 }  // namespace
