@@ -139,7 +139,9 @@ TEST_F(PasswordTest, SystemMd5AndRepeatedRunsHoldUp)
             stored[i] = (unsigned char)std::stoi(std::string(v.hex + 2 * i, 2), nullptr, 16);
         EXPECT_EQ(HyVerifyPassword(stored, v.text), 1) << v.text;
     }
-    RunRepeated([] { Host host; host.attempts = { "wrong", "secret" }; HyPromptForPassword("Ann", &host.main, 1); }, 20);
+    const long handles = hytest::KernelHandleCount();
+    RunRepeated([] { Host host; host.attempts = { "wrong", "secret" }; HyPromptForPassword("Ann", &host.main, 1); }, 100);
+    EXPECT_LE(hytest::KernelHandleCount(), handles);
 }
 
 }  // namespace
