@@ -86,6 +86,19 @@ void UseOwnDesktop()
     }
 }
 
+// A crash ends the suite at once with a line naming the test and the
+// exception: without this filter Wine starts its debugger, which can keep
+// the suite's output open and CTest waiting.
+LONG WINAPI EndOnCrash(EXCEPTION_POINTERS* info)
+{
+    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+    fprintf(stderr, "hytest: exception 0x%08lx at %p in %s.%s\n", info->ExceptionRecord->ExceptionCode,
+            info->ExceptionRecord->ExceptionAddress, test ? test->test_suite_name() : "-", test ? test->name() : "-");
+    fflush(stderr);
+    TerminateProcess(GetCurrentProcess(), 3);
+    return EXCEPTION_EXECUTE_HANDLER;
+}
+
 void AFXAPI FailTheRunningTest(LPCSTR file, int line)
 {
     ADD_FAILURE_AT(file, line) << "ASSERT failed";
@@ -95,6 +108,7 @@ void AFXAPI FailTheRunningTest(LPCSTR file, int line)
 
 int main(int argc, char** argv)
 {
+    SetUnhandledExceptionFilter(&EndOnCrash);
     UseOwnDesktop();
     testing::InitGoogleTest(&argc, argv);
     AfxSetAssertHook(&FailTheRunningTest);
