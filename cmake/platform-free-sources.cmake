@@ -13,6 +13,7 @@ set(HY_PLATFORM_FREE_SOURCES
   hyui/edits/HyTimeText.cpp
   hyui/privacy/HyPasswordCheck.cpp
   hyui/images/HyImageRules.cpp
+  hyui/tabs/HyTabLayout.cpp
 )
 set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/frame
@@ -21,6 +22,7 @@ set(HY_PLATFORM_FREE_INCLUDE_DIRS
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/edits
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/privacy
   ${CMAKE_CURRENT_LIST_DIR}/../hyui/images
+  ${CMAKE_CURRENT_LIST_DIR}/../hyui/tabs
 )
 list(TRANSFORM HY_PLATFORM_FREE_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/../)
 # The native build's stand-ins for what the DLL takes from the platform: MD5

@@ -30,6 +30,10 @@ enum : int
     HYTHEME_FOCUS = 39,           // focus mark
     HYTHEME_LIST = 41,            // edit-list base colour (shaded +32 / -32)
     HYTHEME_PHOTO = 68,           // photo box background
+    HYTHEME_TAB_ROW = 90,         // the strip behind a tab row; its line is the row's bottom rule
+    HYTHEME_TAB = 91,             // an inactive tab
+    HYTHEME_TAB_ACTIVE = 92,      // the active tab; its line is the accent of button and flat tabs
+    HYTHEME_TAB_PAGE = 93,        // the page area under a tab row
 };
 
 // Font ids for HYThemeGetFont.

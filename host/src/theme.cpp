@@ -37,6 +37,14 @@ const ElementStyle kElements[] = {
       { HYSTYLE_SOLID, 0,                        Hex(0xD0D8E2), Hex(0xD0D8E2), Hex(0x1E293B), Hex(0xF0F8FF), Hex(0xB0B8C2), Hex(0xB0B8C2) } },
     { HYTHEME_PHOTO,
       { HYSTYLE_SOLID, 0,                        Hex(0xCBD5E1), Hex(0xCBD5E1), Hex(0x334155), Hex(0xE2E8F0), Hex(0x94A3B8), Hex(0x94A3B8) } },
+    { HYTHEME_TAB_ROW,
+      { HYSTYLE_SOLID, 0,                        Hex(0xE2E8F0), Hex(0xE2E8F0), Hex(0x334155), Hex(0xF8FAFC), Hex(0x94A3B8), Hex(0x94A3B8) } },
+    { HYTHEME_TAB,
+      { HYSTYLE_SOLID, 0,                        Hex(0xF1F5F9), Hex(0xF1F5F9), Hex(0x334155), Hex(0xFFFFFF), Hex(0x94A3B8), Hex(0xCBD5E1) } },
+    { HYTHEME_TAB_ACTIVE,
+      { HYSTYLE_SOLID, 0,                        Hex(0xFFFFFF), Hex(0xFFFFFF), Hex(0x0F172A), Hex(0xFFFFFF), Hex(0x94A3B8), Hex(0x2563EB) } },
+    { HYTHEME_TAB_PAGE,
+      { HYSTYLE_SOLID, 0,                        Hex(0xFFFFFF), Hex(0xFFFFFF), Hex(0x1F2937), Hex(0xFFFFFF), Hex(0x94A3B8), Hex(0x94A3B8) } },
 };
 
 // What unknown ids get: a neutral surface with dark text, legible anywhere.
