@@ -63,6 +63,7 @@ BEGIN_MESSAGE_MAP(CHyTabCtrl, CWnd)
     ON_WM_KILLFOCUS()
     ON_WM_SYSCOLORCHANGE()
     ON_WM_SIZE()
+    ON_WM_CTLCOLOR()
 END_MESSAGE_MAP()
 
 CHyTabCtrl::CHyTabCtrl()
@@ -294,6 +295,20 @@ void CHyTabCtrl::OnSize(UINT, int, int)
 
 // ---- painting ---------------------------------------------------------------
 
+// Labels and check boxes placed on a page sit on the page's colour.
+HBRUSH CHyTabCtrl::OnCtlColor(CDC* pDC, CWnd*, UINT nCtlColor)
+{
+    if (nCtlColor != CTLCOLOR_STATIC && nCtlColor != CTLCOLOR_BTN)
+        return (HBRUSH)Default();
+    HYThemeStyle page;
+    HYThemeGetStyle(HYTHEME_TAB_PAGE, &page);
+    if (pageBrush.GetSafeHandle() == nullptr)
+        pageBrush.CreateSolidBrush(page.fill);
+    pDC->SetBkColor(page.fill);
+    pDC->SetTextColor(page.text);
+    return (HBRUSH)pageBrush.GetSafeHandle();
+}
+
 BOOL CHyTabCtrl::OnEraseBkgnd(CDC*) { return TRUE; }   // OnPaint covers every pixel
 
 void CHyTabCtrl::OnPaint()
@@ -301,10 +316,19 @@ void CHyTabCtrl::OnPaint()
     CPaintDC dc(this);
     CRect client;
     GetClientRect(&client);
-    // The page area needs no buffer: one fill.
+    // The page area needs no buffer: one fill and its frame (whose top, for
+    // raised tabs, is the row's bottom rule).
     const CRect page = _GetClientRect();
     if (!page.IsRectEmpty())
-        dc.FillSolidRect(&page, HYThemeGetColor(HYTHEME_TAB_PAGE));
+    {
+        HYThemeStyle look;
+        HYThemeGetStyle(HYTHEME_TAB_PAGE, &look);
+        dc.FillSolidRect(&page, look.fill);
+        CRect frame = page;
+        frame.top -= style == HYTAB_STYLE_TABS ? 1 : 0;
+        CBrush edge(look.dark);
+        dc.FrameRect(&frame, &edge);
+    }
     // The tab row is drawn off screen and copied in one piece.
     const CRect row(0, 0, client.Width(), std::min((int)client.bottom, GetItemHeight()));
     if (row.IsRectEmpty())

@@ -100,6 +100,7 @@ protected:
     afx_msg void OnKillFocus(CWnd* pNewWnd);
     afx_msg void OnSysColorChange();
     afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
     DECLARE_MESSAGE_MAP()
 
 public:
@@ -113,4 +114,5 @@ private:
     int rowHeight;     // the row's height as last laid out
     CBitmap rowBitmap; // the buffer of the tab row, kept between paints
     CSize rowBitmapSize;
+    CBrush pageBrush;  // what static children on the page are drawn on
 };
