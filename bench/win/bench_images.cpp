@@ -128,20 +128,6 @@ public:
     const char* Name() const override { return "peer"; }
 };
 
-void Measure(BenchSubject& subject, int reps, BenchResult* result)
-{
-    for (int i = 0; i < reps; ++i)
-    {
-        const long paints = subject.Paints();
-        const double t0 = BenchNow();
-        ::InvalidateRect(subject.Control(), nullptr, TRUE);
-        ::UpdateWindow(subject.Control());
-        const double t1 = BenchNow();
-        BenchPump();
-        BenchRecord(result, t1 - t0, subject.Paints() - paints, true);
-    }
-}
-
 }  // namespace
 
 int main(int argc, char** argv)
@@ -171,7 +157,7 @@ int main(int argc, char** argv)
     const char* const figureNames[] = { "full repaint" };
     const std::vector<BenchResult> results = BenchRounds(
         options, 1, subjects, 2, [](int, int) { return true; }, [](int) {},
-        [&](int, int index, BenchResult* result) { Measure(*subjects[index], options.reps, result); });
+        [&](int, int index, BenchResult* result) { BenchFullRepaints(*subjects[index], options.reps, result); });
     const bool sound = BenchPrintResults(results, 1, subjects, 2, figureNames, "", [](int, int) { return ""; });
     if (options.only == nullptr)
         std::printf("\nimages ours/peer: full repaint %.2f (medians)\n",

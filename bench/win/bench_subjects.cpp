@@ -1,5 +1,7 @@
 #include "bench_subjects.h"
 
+#include "bench_common.h"
+
 #include <commctrl.h>
 
 #include <cstdio>
@@ -404,4 +406,18 @@ void BenchEditRowTexts(int index, char* label, size_t labelSize, char* value, si
         std::snprintf(value, valueSize, "(555) %03d-%04d", index % 1000, (index * 37) % 10000);
     else
         std::snprintf(value, valueSize, "Value of row %d, contact %d", index, index * 7);
+}
+
+void BenchFullRepaints(BenchSubject& subject, int reps, BenchResult* result)
+{
+    for (int i = 0; i < reps; ++i)
+    {
+        const long paints = subject.Paints();
+        const double t0 = BenchNow();
+        ::InvalidateRect(subject.Control(), nullptr, TRUE);
+        ::UpdateWindow(subject.Control());
+        const double t1 = BenchNow();
+        BenchPump();
+        BenchRecord(result, t1 - t0, subject.Paints() - paints, true);
+    }
 }

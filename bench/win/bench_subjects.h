@@ -105,6 +105,12 @@ private:
     bool m_keysMove = false;
 };
 
+struct BenchResult;
+
+// `reps` timed full repaints of the subject's control: all of it
+// invalidated, then UpdateWindow; what that queued is dispatched untimed.
+void BenchFullRepaints(BenchSubject& subject, int reps, BenchResult* result);
+
 // ---- bench_cards ----------------------------------------------------------
 
 // A view of `count` host-virtual cards (or list items) whose texts are made

@@ -105,20 +105,6 @@ private:
     HIMAGELIST m_images = nullptr;
 };
 
-void Repaint(BenchSubject& subject, int reps, BenchResult* result)
-{
-    for (int i = 0; i < reps; ++i)
-    {
-        const long paints = subject.Paints();
-        const double t0 = BenchNow();
-        ::InvalidateRect(subject.Control(), nullptr, TRUE);
-        ::UpdateWindow(subject.Control());
-        const double t1 = BenchNow();
-        BenchPump();
-        BenchRecord(result, t1 - t0, subject.Paints() - paints, true);
-    }
-}
-
 void Switch(TabSubject& subject, int reps, BenchResult* result)
 {
     for (int i = 0; i < reps; ++i)
@@ -176,7 +162,7 @@ int main(int argc, char** argv)
         [&](int figure, int subject) { return BenchFigureWanted(options, figureOptions[figure]) && (figure == 0 || subject < 2); },
         [](int) {},
         [&](int figure, int index, BenchResult* result) {
-            figure == 0 ? Repaint(*subjects[index], options.reps, result) : Switch(*tabs[index], options.reps, result);
+            figure == 0 ? BenchFullRepaints(*subjects[index], options.reps, result) : Switch(*tabs[index], options.reps, result);
         });
     const bool sound = BenchPrintResults(results, 2, subjects, 3, figureNames, "that did not move to the next tab",
                                          [](int, int) { return ""; });
