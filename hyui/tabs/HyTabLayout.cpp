@@ -30,7 +30,7 @@ int TabAt(const TabSpan* tabs, int count, int32_t x, int32_t y, int32_t height)
     if (y < 0 || y >= height)
         return -1;
     for (int i = 0; i < count; ++i)
-        if (tabs[i].width > 0 && x >= tabs[i].left && static_cast<int64_t>(x) < static_cast<int64_t>(tabs[i].left) + tabs[i].width)
+        if (x >= tabs[i].left && static_cast<int64_t>(x) < static_cast<int64_t>(tabs[i].left) + tabs[i].width)   // none when width <= 0
             return i;
     return -1;
 }
