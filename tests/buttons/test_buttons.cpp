@@ -93,6 +93,9 @@ TEST_F(ButtonTest, BitmapButtonReportsEachPressOnceBySending)
         EXPECT_EQ(::GetFocus(), scene.button.m_hWnd) << how;
     }
     Scene scene;
+    CHyBitmapButton made;   // created rather than attached: owner-drawn all the same
+    made.Create("Made", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(110, 20, 170, 50), &scene.parent, 9);
+    EXPECT_EQ(made.CWnd::GetStyle() & 0x1F, (DWORD)BS_OWNERDRAW);
     scene.button.SetButtonStyle(BS_DEFPUSHBUTTON);
     EXPECT_EQ(scene.button.CWnd::GetStyle() & 0x1F, (DWORD)BS_OWNERDRAW);
     scene.button.EnableWindow(FALSE);   // the focus moves on, even when the button lacked it
