@@ -6,6 +6,7 @@
 #include "HyMenuButton.h"
 #include "HyTheme.h"
 #include "hytest_afx.h"
+#include "hytest_pictures.h"
 
 #include <memory>
 
@@ -34,22 +35,6 @@ struct Scene
     ~Scene() { parent.UnsubclassWindow(); }
 };
 
-CxImage Picture(int w, int h, COLORREF colour)
-{
-    std::string bmp(sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER), '\0');
-    const int stride = (w * 3 + 3) & ~3;
-    *(BITMAPFILEHEADER*)&bmp[0] = { 0x4D42, DWORD(bmp.size() + stride * h), 0, 0, DWORD(bmp.size()) };
-    *(BITMAPINFOHEADER*)&bmp[sizeof(BITMAPFILEHEADER)] = { sizeof(BITMAPINFOHEADER), w, h, 1, 24, BI_RGB };
-    for (int y = 0; y < h; ++y)
-    {
-        std::string row(stride, '\0');
-        for (int x = 0; x < w; ++x)
-            row[x * 3] = (char)GetBValue(colour), row[x * 3 + 1] = (char)GetGValue(colour), row[x * 3 + 2] = (char)GetRValue(colour);
-        bmp += row;
-    }
-    return CxImage((BYTE*)bmp.data(), (DWORD)bmp.size(), CxImage::FORMAT_BMP);
-}
-
 // The first run of each button drawn, pressed, hovered and popped up makes
 // the system's shared objects; the guards compare after it.
 void WarmUp()
@@ -63,7 +48,7 @@ void WarmUp()
     scene.menuButton.Create(300u, 0, WS_CHILD | WS_VISIBLE, CRect(120, 20, 220, 44), &scene.parent, 6);
     hytest::Click(scene.menuButton, 5, 5);
     hytest::Renderer twice(scene.menuButton);
-    CxImage picture = Picture(90, 60, RGB(0, 0, 200));
+    CxImage picture = SampleImage(90, 60);
     scene.button.SetCxImage(&picture);
     scene.button.SetFlat(FALSE);
     scene.button.SetFocus();
@@ -125,7 +110,7 @@ TEST_F(ButtonTest, TheStoredPictureFitsSixtyFourPixels)
     const struct { int w, h; const char* stored; } cases[] = { { 200, 100, "64x32" }, { 65, 64, "64x63" }, { 30, 20, "30x20" } };
     for (const auto& c : cases)
     {
-        CxImage original = Picture(c.w, c.h, RGB(0, 128, 0));
+        CxImage original = SampleImage(c.w, c.h);
         scene.button.SetCxImage(&original);
         CxImage* stored = scene.button.GetCxImage();
         EXPECT_EQ(std::to_string(stored->GetWidth()) + "x" + std::to_string(stored->GetHeight()), c.stored);
@@ -164,10 +149,10 @@ TEST_F(ButtonTest, BitmapButtonAsDrawn)
     EXPECT_EQ(focused.At(0, 30), RGB(0, 0, 0));
     EXPECT_FALSE(CRect(focused.Ink(CRect(4, 4, 5, 56), raised)).IsRectEmpty());   // the dotted focus rectangle, 3 inside the working one
     // A 200 x 100 picture: 64 x 32 stored, drawn where HYDrawRectImage puts it in 80 x 60 (80 wide: 64 x 32 at 8, 14).
-    CxImage green = Picture(200, 100, RGB(0, 128, 0));
-    scene.button.SetCxImage(&green);
+    CxImage solid = SampleImage(200, 100);
+    scene.button.SetCxImage(&solid);
     hytest::Renderer picture(scene.button);
-    EXPECT_EQ(picture.Count(CRect(8, 14, 72, 46), RGB(0, 128, 0)), 64 * 32);
+    EXPECT_EQ(picture.Count(CRect(8, 14, 72, 46), SampleColour(0, 0)), 64 * 32);
 }
 
 TEST_F(ButtonTest, MenuButtonPopsUpItsMenuAndTakesTheChoice)
@@ -265,7 +250,7 @@ TEST_F(ButtonTest, ObjectCountsStayFlat)
 {
     Scene scene("Go");
     scene.menuButton.Create(300u, 0, WS_CHILD | WS_VISIBLE, CRect(120, 20, 220, 44), &scene.parent, 6);
-    CxImage picture = Picture(90, 60, RGB(0, 0, 200));
+    CxImage picture = SampleImage(90, 60);
     scene.button.SetCxImage(&picture);
     hytest::PopupMenuRecorder popups;
     RunRepeated([&] {

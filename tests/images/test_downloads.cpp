@@ -3,7 +3,7 @@
 // requests the server got, the wait cursor, and no handle left behind.
 #include "HyImageHelpers.h"
 #include "hytest_afx.h"
-#include "image_samples.h"
+#include "hytest_pictures.h"
 
 namespace {
 

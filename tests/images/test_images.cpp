@@ -2,7 +2,7 @@
 // the depth kept, the decode-bomb cap, copy, crop, resample, raising depth,
 // JPEG encoding, and drawing probed pixel by pixel.
 #include "hytest_afx.h"
-#include "image_samples.h"
+#include "hytest_pictures.h"
 
 namespace {
 

@@ -1,5 +1,7 @@
-// Pictures made in memory for the image tests: BMP files of any size and
-// depth whose pixel (x, y) has a known colour, and the same as JPEG.
+// Pictures made in memory for the suites that link HyUI: BMP files of any
+// size and depth whose pixel (x, y) has a known colour, the same as JPEG,
+// and as a CxImage (one colour, SampleColour(0, 0), with `block` larger
+// than the picture).
 #pragma once
 
 #include "HyImageHelpers.h"
@@ -49,4 +51,10 @@ inline std::string SampleJpeg(int w, int h)
     const std::string out((const char*)bytes, size);
     HyFreeEncodedImage(bytes);
     return out;
+}
+
+inline CxImage SampleImage(int w, int h, int block = 1 << 20)
+{
+    const std::string bmp = SampleBmp(w, h, 24, block);
+    return CxImage((BYTE*)bmp.data(), (DWORD)bmp.size(), CxImage::FORMAT_BMP);
 }
