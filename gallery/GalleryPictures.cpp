@@ -7,12 +7,12 @@
 
 namespace {
 
-struct Spec
+struct Shape
 {
     int width, height, bpp;
 };
 
-Spec SpecOf(GalleryPicture which)
+Shape ShapeOf(GalleryPicture which)
 {
     switch (which)
     {
@@ -69,13 +69,13 @@ void Paint(CDC& dc, GalleryPicture which, int w, int h)
 
 std::unique_ptr<CxImage> GalleryMakePicture(GalleryPicture which)
 {
-    const Spec spec = SpecOf(which);
-    const int colours = spec.bpp == 8 ? 16 : 0;
+    const Shape shape = ShapeOf(which);
+    const int colours = shape.bpp == 8 ? 16 : 0;
     // The header, a 16-colour palette for the 8-bit picture, then the pixels
     // GDI draws into the DIB section.
     std::vector<BYTE> info(sizeof(BITMAPINFOHEADER) + colours * sizeof(RGBQUAD));
     BITMAPINFOHEADER& header = *(BITMAPINFOHEADER*)info.data();
-    header = BITMAPINFOHEADER{ sizeof header, spec.width, spec.height, 1, (WORD)spec.bpp, BI_RGB };
+    header = BITMAPINFOHEADER{ sizeof header, shape.width, shape.height, 1, (WORD)shape.bpp, BI_RGB };
     header.biClrUsed = colours;
     static const COLORREF kVga[16] = { RGB(0, 0, 0), RGB(128, 0, 0), RGB(0, 128, 0), RGB(128, 128, 0),
                                        RGB(0, 0, 128), RGB(128, 0, 128), RGB(0, 128, 128), RGB(192, 192, 192),
@@ -92,16 +92,16 @@ std::unique_ptr<CxImage> GalleryMakePicture(GalleryPicture which)
         CDC dc;
         dc.CreateCompatibleDC(nullptr);
         CDCSelect select(dc, CBitmap::FromHandle(dib));
-        Paint(dc, which, spec.width, spec.height);
+        Paint(dc, which, shape.width, shape.height);
     }
-    const int stride = ((spec.width * spec.bpp + 31) / 32) * 4;
+    const int stride = ((shape.width * shape.bpp + 31) / 32) * 4;
     BITMAPFILEHEADER file{};
     file.bfType = 0x4D42;
     file.bfOffBits = (DWORD)(sizeof file + info.size());
-    file.bfSize = file.bfOffBits + stride * spec.height;
+    file.bfSize = file.bfOffBits + stride * shape.height;
     std::string bytes((const char*)&file, sizeof file);
     bytes.append((const char*)info.data(), info.size());
-    bytes.append((const char*)bits, (size_t)stride * spec.height);
+    bytes.append((const char*)bits, (size_t)stride * shape.height);
     ::DeleteObject(dib);
     return std::make_unique<CxImage>((BYTE*)bytes.data(), (DWORD)bytes.size(), (DWORD)CxImage::FORMAT_BMP);
 }
