@@ -104,14 +104,13 @@ void CHyBitmapButton::OnKillFocus(CWnd*)
 void CHyBitmapButton::OnMouseMove(UINT nFlags, CPoint point)
 {
     Default();
-    CPoint screen = point;
-    ClientToScreen(&screen);
-    const HWND under = ::WindowFromPoint(screen);
     if ((nFlags & MK_LBUTTON) != 0 && !hover)
         return;   // entered with the button held: no hover
     if (!flat)
         return;
-    if (under == m_hWnd)
+    CPoint screen = point;
+    ClientToScreen(&screen);
+    if (::WindowFromPoint(screen) == m_hWnd)
     {
         if (!hover)
         {

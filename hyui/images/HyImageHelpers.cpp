@@ -116,12 +116,11 @@ void HYDrawRectImage(CDC* pDC, CxImage* pImage, const RECT& rcTarget)
 {
     if (pDC == nullptr || pImage == nullptr || !pImage->IsValid())
         return;
-    // Spans wrap as 32-bit arithmetic does, whatever the rectangle holds.
-    const auto span = [](LONG from, LONG to) { return static_cast<int32_t>(static_cast<int64_t>(to) - from); };
+    using hy::Span;   // wraps as 32-bit arithmetic does, whatever the rectangle holds
     CRect scaled(0, 0, (int)pImage->GetWidth(), (int)pImage->GetHeight());
     // Only the target's width limits the picture, even in a shallow target: intended.
-    HYScalePropRect(scaled, span(rcTarget.left, rcTarget.right));
-    const int x = hy::CentreOffset(rcTarget.left, span(rcTarget.left, rcTarget.right), scaled.Width());
-    const int y = hy::CentreOffset(rcTarget.top, span(rcTarget.top, rcTarget.bottom), scaled.Height());
+    HYScalePropRect(scaled, Span(rcTarget.left, rcTarget.right));
+    const int x = hy::CentreOffset(rcTarget.left, Span(rcTarget.left, rcTarget.right), scaled.Width());
+    const int y = hy::CentreOffset(rcTarget.top, Span(rcTarget.top, rcTarget.bottom), scaled.Height());
     pImage->Draw(pDC->GetSafeHdc(), x, y, scaled.Width(), scaled.Height(), nullptr);
 }

@@ -78,9 +78,11 @@ bool ParseContentLength(const char* text, long& length)
     return true;
 }
 
+int32_t Span(int32_t from, int32_t to) { return Sub(to, from); }
+
 void ScalePropRect(Rect32& r, int32_t limit)
 {
-    const int32_t w = Sub(r.right, r.left), h = Sub(r.bottom, r.top);
+    const int32_t w = Span(r.left, r.right), h = Span(r.top, r.bottom);
     if (w <= limit && h <= limit)
         return;
     if (w <= h)

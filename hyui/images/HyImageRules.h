@@ -48,6 +48,9 @@ struct Rect32
 // (possible only with a negative limit) leaves the rect as it is.
 void ScalePropRect(Rect32& rect, int32_t limit);
 
+// to - from, wrapping as 32-bit arithmetic does.
+int32_t Span(int32_t from, int32_t to);
+
 // Where a span of `inner` pixels starts when centred in `outer` pixels from
 // `start`: half the difference by arithmetic shift, so halves round toward
 // minus infinity (-49 >> 1 == -25).

@@ -14,6 +14,13 @@ void WipeString(CString& s)
     s.Empty();
 }
 
+// Both dialogs exchange the same field, limited alike.
+void ExchangePassword(CDataExchange* pDX, CString& password)
+{
+    DDX_Text(pDX, IDC_PASSWORD_EDIT, password);
+    DDV_MaxChars(pDX, password, hy::kPasswordMaxChars);
+}
+
 void ShowUserName(CDialog& dlg, const CString& userName)
 {
     dlg.SetDlgItemText(IDC_PASSWORD_USER_NAME, userName);
@@ -89,8 +96,7 @@ CHyPasswordDlg::~CHyPasswordDlg() { WipeString(password); }
 void CHyPasswordDlg::DoDataExchange(CDataExchange* pDX)
 {
     CBaseDialog::DoDataExchange(pDX);
-    DDX_Text(pDX, IDC_PASSWORD_EDIT, password);
-    DDV_MaxChars(pDX, password, hy::kPasswordMaxChars);
+    ExchangePassword(pDX, password);
 }
 
 BOOL CHyPasswordDlg::OnInitDialog()
@@ -125,8 +131,7 @@ CHyMaskPasswordDlg::~CHyMaskPasswordDlg() { WipeString(password); }
 void CHyMaskPasswordDlg::DoDataExchange(CDataExchange* pDX)
 {
     CBaseDialog::DoDataExchange(pDX);
-    DDX_Text(pDX, IDC_PASSWORD_EDIT, password);
-    DDV_MaxChars(pDX, password, hy::kPasswordMaxChars);
+    ExchangePassword(pDX, password);
 }
 
 BOOL CHyMaskPasswordDlg::OnInitDialog()

@@ -67,7 +67,7 @@ BEGIN_MESSAGE_MAP(CHyTabCtrl, CWnd)
 END_MESSAGE_MAP()
 
 CHyTabCtrl::CHyTabCtrl()
-    : active(-1), style(0), accelerators(nullptr), layoutValue(0), rowHeight(0), rowBitmapSize(0, 0)
+    : active(-1), style(0), accelerators(nullptr), layoutValue(0), rowHeight(0), dcFont(nullptr), rowBitmapSize(0, 0)
 {
 }
 
@@ -171,8 +171,17 @@ void CHyTabCtrl::AutoSize(int total, int available)
         Item(i)->rect = CRect(spans[i].left, 0, spans[i].left + spans[i].width, GetItemHeight());
 }
 
-void CHyTabCtrl::OnInitDC(CDC* pDC) { pDC->SelectObject(HYThemeGetFont(HYFONT_STANDARD)); }
-void CHyTabCtrl::OnEndDC(CDC* pDC) { pDC->SelectStockObject(SYSTEM_FONT); }
+void CHyTabCtrl::OnInitDC(CDC* pDC)
+{
+    dcFont = ::SelectObject(pDC->GetSafeHdc(), HYThemeGetFont(HYFONT_STANDARD)->GetSafeHandle());
+}
+
+void CHyTabCtrl::OnEndDC(CDC* pDC)
+{
+    if (dcFont != nullptr)
+        ::SelectObject(pDC->GetSafeHdc(), dcFont);
+    dcFont = nullptr;
+}
 
 void CHyTabCtrl::RecalcLayout()
 {
@@ -255,14 +264,14 @@ void CHyTabCtrl::OnLButtonDown(UINT, CPoint point)
 void CHyTabCtrl::OnKeyUp(UINT nChar, UINT, UINT)
 {
     // The keys act when released, not when pressed: intended.
-    const hy::TabKey key = nChar == VK_LEFT    ? hy::TabKey::Left
-                           : nChar == VK_RIGHT ? hy::TabKey::Right
-                           : nChar == VK_HOME  ? hy::TabKey::Home
-                                               : hy::TabKey::End;
-    if (nChar != VK_LEFT && nChar != VK_RIGHT && nChar != VK_HOME && nChar != VK_END)
+    hy::TabKey key;
+    switch (nChar)
     {
-        Default();
-        return;
+    case VK_LEFT: key = hy::TabKey::Left; break;
+    case VK_RIGHT: key = hy::TabKey::Right; break;
+    case VK_HOME: key = hy::TabKey::Home; break;
+    case VK_END: key = hy::TabKey::End; break;
+    default: Default(); return;
     }
     *this = hy::StepTab(active, GetCount(), key);
 }

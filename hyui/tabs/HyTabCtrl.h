@@ -112,6 +112,7 @@ public:
 
 private:
     int rowHeight;     // the row's height as last laid out
+    HGDIOBJ dcFont;    // what OnInitDC replaced, put back by OnEndDC
     CBitmap rowBitmap; // the buffer of the tab row, kept between paints
     CSize rowBitmapSize;
     CBrush pageBrush;  // what static children on the page are drawn on
