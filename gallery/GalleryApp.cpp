@@ -1,11 +1,13 @@
 // HyGallery.exe: the reference host.
 //
-//   HyGallery [--lang xx] [--out DIR] [--png DIR] [--list]
+//   HyGallery [--lang xx] [--out DIR] [--png DIR] [--data DIR] [--list]
 //
 // --lang xx   take the library's resources from lang\xx\HyLangUI.dll
 // --png DIR   write one PNG a page into DIR, print their paths, exit
 // --out DIR   the same when there is no display (DISPLAY unset or empty);
 //             with a display the gallery is interactive
+// --data DIR  keep the gallery's categories and records in DIR (interactive);
+//             the PNG mode always starts from fresh sample data
 // --list      print the pages' file names (their slugs), one a line, exit
 //
 // The library picks its language module when HyUI.dll is attached, before
@@ -17,6 +19,7 @@
 #include <objbase.h>
 #include <algorithm>
 #include <vector>
+#include "GalleryData.h"
 #include "GalleryFrame.h"
 #include "GalleryHost.h"
 #include "GalleryRender.h"
@@ -29,6 +32,7 @@ struct GalleryOptions
 {
     CString lang;       // empty: the host kit's default
     CString outDir;     // --out or --png, as given
+    CString dataDir;    // --data: the interactive gallery's data folder
     bool forcePng = false;
     bool help = false;
     bool list = false;
@@ -51,6 +55,8 @@ GalleryOptions ParseOptions(int argc, char** argv)
             options.outDir = argv[++i];
             options.forcePng = true;
         }
+        else if (arg == _T("--data") && hasValue)
+            options.dataDir = argv[++i];
         else if (arg == _T("--list"))
             options.list = true;
         else if (arg == _T("--help") || arg == _T("-h") || arg == _T("/?"))
@@ -255,7 +261,7 @@ BOOL CGalleryApp::InitInstance()
     {
         if (!options.error.IsEmpty())
             GalleryPrintLine(_T("HyGallery: ") + options.error, true);
-        GalleryPrintLine(_T("usage: HyGallery [--lang xx] [--out DIR] [--png DIR] [--list]"), !options.error.IsEmpty());
+        GalleryPrintLine(_T("usage: HyGallery [--lang xx] [--out DIR] [--png DIR] [--data DIR] [--list]"), !options.error.IsEmpty());
         m_nExitCode = options.error.IsEmpty() ? 0 : 2;
         return FALSE;
     }
@@ -304,6 +310,7 @@ BOOL CGalleryApp::InitInstance()
 
     // A regular framework module adds its own chain entry for the library.
     InitHyUIDLL();
+    GallerySetDataFolder(pngMode ? CString() : GalleryWindowsPath(options.dataDir), pngMode);
 
     if (pngMode)
     {

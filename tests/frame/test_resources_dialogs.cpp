@@ -298,6 +298,28 @@ TEST_P(Dialogs, LabelsButtonsAndTitlesShowTheirWholeText)
     guard.Check("creating and measuring every dialog");
 }
 
+// The colour category dialog's sixteen swatches are placed at run time in
+// client pixels (two rows of eight, 20 pixels at a 25-pixel pitch from
+// (15, 185)); the template must leave room for all of them in every language.
+TEST_P(Dialogs, ColourCategoriesHaveRoomForTheirSwatches)
+{
+    DataModule module(GetParam().relative);
+    ASSERT_NE(module.get(), nullptr) << module.path();
+    CreatedDialog dialog(module.get(), IDD_COLOR_CATEGORIES);
+    RECT client;
+    ::GetClientRect(dialog.hwnd, &client);
+    EXPECT_GE(client.right, 15 + 7 * 25 + 20 + 4);
+    EXPECT_GE(client.bottom, 185 + 25 + 20 + 4);
+    // And they sit below everything the template holds.
+    for (HWND child = ::GetWindow(dialog.hwnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT))
+    {
+        RECT r;
+        ::GetWindowRect(child, &r);
+        ::MapWindowPoints(nullptr, dialog.hwnd, reinterpret_cast<POINT*>(&r), 2);
+        EXPECT_LT(r.bottom, 185) << "control " << ::GetDlgCtrlID(child);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Resources, Dialogs, ::testing::Values(restest::kHyUI, restest::kLangDe),
                          restest::ModuleTestName);
 

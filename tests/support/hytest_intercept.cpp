@@ -154,7 +154,10 @@ MessageBoxRecorder::~MessageBoxRecorder() { g_boxes = m_previous; }
 int MessageBoxRecorder::Record(MessageBoxCall call)
 {
     m_calls.push_back(std::move(call));
-    return IDOK;   // a person who reads the box and confirms it
+    if (m_answers.empty()) return IDOK;   // a person who reads the box and confirms it
+    const int answer = m_answers.front();
+    m_answers.pop_front();
+    return answer;
 }
 
 PopupMenuRecorder::PopupMenuRecorder()

@@ -63,7 +63,8 @@ struct MessageBoxCall
 };
 
 // MessageBoxA/W (what the framework calls): recorded, nothing is
-// shown, and each answers IDOK, as a person who reads and confirms it.
+// shown, and each answers IDOK, as a person who reads and confirms it,
+// unless another answer was queued with Answer.
 class MessageBoxRecorder
 {
 public:
@@ -75,11 +76,15 @@ public:
     int Count() const { return static_cast<int>(m_calls.size()); }
     const std::vector<MessageBoxCall>& Calls() const { return m_calls; }
     void Clear() { m_calls.clear(); }
+    // The answer of the next box not yet answered (IDNO, IDCANCEL, ...);
+    // boxes without a queued answer are confirmed with IDOK.
+    void Answer(int id) { m_answers.push_back(id); }
 
 private:
     friend struct InterceptAccess;
     int Record(MessageBoxCall call);
     std::vector<MessageBoxCall> m_calls;
+    std::deque<int> m_answers;
     MessageBoxRecorder* m_previous;
     ImportPatch m_a, m_w;
 };

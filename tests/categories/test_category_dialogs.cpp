@@ -1,0 +1,567 @@
+// Both category dialogs over a real data folder, driven through their real
+// modal loops: what each action does to the categories, the records, the undo
+// entries and the subscription list, in memory and in the files as a fresh
+// process reads them; refusals and questions as a person sees them.
+#include <gtest/gtest.h>
+
+#include <HyBaseTable.h>
+#include <HyCommonUI.h>
+#include <HyCategoryMgr.h>
+#include <HyComponentDoc.h>
+#include <HyDataFolder.h>
+#include <HySubInfo.h>
+#include <HyTheme.h>
+
+#include <map>
+#include <string>
+
+#include "HyCatDlgRes.h"
+#include "HyCatMgmtDlg.h"
+#include "HyColorCatMgmtDlg.h"
+#include "hytest.h"
+#include "hytest_afx.h"
+
+namespace {
+
+const char* const kComponent = "memo";
+const char* const kUser = "Pat";
+// name, live records, deleted records; index = position.
+struct Seed { const char* name; int live, deleted; };
+const Seed kSeed[] = { { "Unfiled", 2, 1 }, { "Business", 3, 1 }, { "Personal", 4, 2 }, { "Travel", 1, 0 } };
+
+using Counts = std::map<int, std::pair<int, int>>;   // index -> (live, deleted)
+using Files = std::map<std::string, std::string>;     // path -> bytes
+
+void ForFiles(const std::string& dir, const std::function<void(const std::string&, bool)>& fn)
+{
+    WIN32_FIND_DATAA fd;
+    HANDLE h = ::FindFirstFileA((dir + "\\*").c_str(), &fd);
+    if (h == INVALID_HANDLE_VALUE) return;
+    do
+    {
+        const std::string name = fd.cFileName, path = dir + "\\" + name;
+        if (name == "." || name == "..") continue;
+        const bool folder = (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (folder) ForFiles(path, fn);
+        fn(path, folder);
+    } while (::FindNextFileA(h, &fd));
+    ::FindClose(h);
+}
+
+std::string Slurp(const std::string& path)
+{
+    std::string bytes;
+    if (FILE* f = fopen(path.c_str(), "rb"))
+    {
+        char buf[4096];
+        for (size_t n; (n = fread(buf, 1, sizeof buf, f)) > 0;) bytes.append(buf, n);
+        fclose(f);
+    }
+    return bytes;
+}
+
+// A data folder of its own with the seed categories, records, two undo
+// entries and one subscription category ("Travel").
+struct World
+{
+    std::string dir;
+    hytest::TempFile profile{ "hycat_profile.ini" };   // category colours stay out of the shared profile
+    CCategoryMgr manager;
+    CBaseTable table;
+    CComponentDoc doc;
+    hytest::HostFrame frame;
+    CTernUIComponentView view;
+
+    World()
+    {
+        char tmp[MAX_PATH];
+        ::GetTempPathA(MAX_PATH, tmp);
+        static int serial = 0;
+        dir = std::string(tmp) + "hycat" + std::to_string(::GetCurrentProcessId()) + "_" + std::to_string(++serial);
+        ::CreateDirectoryA(dir.c_str(), nullptr);
+        HySetDataFolder(dir.c_str());
+        HySetProfilePath(profile.path());
+        HYThemeResetCategorySwatches();
+        EXPECT_EQ(HYCAT_OK, manager.Open(kComponent));
+        EXPECT_TRUE(table.Open(kComponent));
+        for (size_t c = 1; c < std::size(kSeed); ++c)
+        {
+            CCategory category;
+            category.SetName(kSeed[c].name);
+            EXPECT_EQ(HYCAT_OK, manager.Add(category));
+        }
+        std::map<DWORD, WORD> doomed;
+        for (WORD c = 0; c < std::size(kSeed); ++c)
+            for (int r = 0; r < kSeed[c].live + kSeed[c].deleted; ++r)
+            {
+                const DWORD id = table.AddRecord(c, "record");
+                if (r < kSeed[c].deleted) doomed[id] = c;
+            }
+        {
+            CBaseIterator walk(&table);
+            for (CBaseRecord* rec = walk.FindFirst(HYREC_WRITE); rec; rec = walk.FindNext(HYREC_WRITE))
+                if (doomed.count(rec->GetId())) rec->MarkDeleted();
+        }
+        for (auto& [id, c] : doomed)
+            if (c == 1 || c == 2) doc.GetUndoObject()->Add(id, c);
+        CSubInfo subs;
+        EXPECT_EQ(HYSUB_OK, SubLoadInfo(SubscriptionPath().c_str(), &subs));
+        subs.AddCategory("Travel");
+        EXPECT_EQ(HYSUB_OK, SubSaveInfo(&subs));
+        view.Create(WS_CHILD, CRect(0, 0, 10, 10), CWnd::FromHandle(frame.hwnd()), 1);
+        view.SetTable(&table);
+        view.SetDocument(&doc);
+    }
+    ~World()
+    {
+        view.DestroyWindow();
+        HySetDataFolder(nullptr);
+        HySetProfilePath(nullptr);
+        HYThemeResetCategorySwatches();
+        ForFiles(dir, [](const std::string& p, bool folder) { folder ? ::RemoveDirectoryA(p.c_str()) : ::DeleteFileA(p.c_str()); });
+        ::RemoveDirectoryA(dir.c_str());
+    }
+
+    std::string SubscriptionPath() const
+    {
+        char folder[MAX_PATH];
+        int size = MAX_PATH;
+        EXPECT_EQ(0, CmGetCreatorFolder(kUser, HY_CREATOR_MEMO, folder, &size));
+        return std::string(folder) + "\\" + (LPCTSTR)CBaseDialog::LoadHostString(IDS_HOST_SUBSCRIPTION_FILE);
+    }
+    std::string Subscriptions() const
+    {
+        CSubInfo subs;
+        SubLoadInfo(SubscriptionPath().c_str(), &subs);
+        std::string out;
+        for (int i = 0; i < subs.GetCount(); ++i) out += std::string(i ? "," : "") + (LPCTSTR)subs.GetCategory(i);
+        return out;
+    }
+    Files Snapshot() const
+    {
+        Files files;
+        ForFiles(dir, [&](const std::string& p, bool folder) { if (!folder) files[p] = Slurp(p); });
+        return files;
+    }
+    // Per category: "index:name:live/deleted " of this process's manager and table.
+    std::string InMemory()
+    {
+        std::string out;
+        for (WORD i = 0; i < HYCAT_MAX_COUNT; ++i)
+        {
+            CCategory category;
+            const bool named = manager.FindIndex(i, &category) == HYCAT_OK;
+            const int live = table.CountInCategory(i, FALSE), deleted = table.CountInCategory(i, TRUE);
+            if (named || live + deleted > 0)
+                out += std::to_string(i) + ":" + (named ? (LPCTSTR)category.GetName() : "-") + ":" + std::to_string(live) + "/" +
+                       std::to_string(deleted) + " ";
+        }
+        return out;
+    }
+    // The same from a fresh process reading the files.
+    std::string Census() const
+    {
+        std::string command = "\"" + hytest::ExeFolder() + "\\category_census.exe\" \"" + dir + "\" " + kComponent;
+        std::string out;
+        if (FILE* p = _popen(command.c_str(), "r"))
+        {
+            char line[128];
+            unsigned index;
+            int live, deleted;
+            char name[64];
+            while (fgets(line, sizeof line, p))
+                if (sscanf(line, "%u %d %d %63s", &index, &live, &deleted, name) == 4)
+                    out += std::to_string(index) + ":" + name + ":" + std::to_string(live) + "/" + std::to_string(deleted) + " ";
+            _pclose(p);
+        }
+        return out;
+    }
+};
+
+// What a run posts: an item to select (by text), the command, then what the
+// nested dialog is answered (a name, or a radio), then OK for the dialog.
+struct Step
+{
+    const char* select;   // nullptr: nothing selected
+    UINT command;         // New, Delete or Rename of the plain dialog; mapped for the colour one
+    const char* typed;    // name dialog: the text, or nullptr to cancel it
+    int radio;            // delete confirmation: 0 keep, 1 delete, -1 cancel
+    int swatch = -1;      // colour dialog: the swatch button k clicked after selecting
+    UINT finish = IDOK;   // how the dialog ends: IDOK, IDCANCEL, SC_CLOSE or VK_ESCAPE
+};
+
+UINT ColourCommand(UINT plain) { return plain - IDC_CATEGORY_NEW + IDC_COLOR_CAT_NEW; }
+
+HWND FindItem(HWND list, const char* text, bool ownerData)
+{
+    for (int i = 0, n = (int)::SendMessageA(list, LB_GETCOUNT, 0, 0); i < n; ++i)
+    {
+        char buf[64] = "";
+        if (ownerData) lstrcpynA(buf, (const char*)::SendMessageA(list, LB_GETITEMDATA, i, 0), 64);
+        else ::SendMessageA(list, LB_GETTEXT, i, (LPARAM)buf);
+        if (strcmp(buf, text) == 0) return ::SendMessageA(list, LB_SETCURSEL, i, 0), list;
+    }
+    return nullptr;
+}
+
+// Runs one dialog through one step and records what it showed.
+struct Run
+{
+    hytest::MessageBoxRecorder boxes;
+    std::string nested;            // "name ", "confirm ", "confirm+note "
+    HWND focusAfterName = nullptr; // the focus once the name dialog's OK was handled
+    HWND nameEdit = nullptr;
+    int confirmHeight = 0;
+
+    template <class Dialog> void Go(World& w, Dialog& dlg, const Step& step, bool colour)
+    {
+        HWND manage = nullptr;
+        w.frame.OnMessage(WM_APP, [&](HWND, WPARAM, LPARAM) { focusAfterName = ::GetFocus(); return 0; });
+        hytest::DialogDriver driver([&](HWND d) {
+            if (::GetDlgItem(d, IDC_CATEGORY_LIST) || ::GetDlgItem(d, IDC_COLOR_CAT_LIST))
+            {
+                manage = d;
+                HWND list = ::GetDlgItem(d, colour ? IDC_COLOR_CAT_LIST : IDC_CATEGORY_LIST);
+                if (step.select) EXPECT_TRUE(FindItem(list, step.select, colour)) << step.select;
+                else ::SendMessageA(list, LB_SETCURSEL, (WPARAM)-1, 0);
+                if (step.swatch >= 0)
+                    ::PostMessageA(d, WM_COMMAND, MAKEWPARAM(IDC_COLOR_CAT_SWATCH_FIRST + step.swatch, BN_CLICKED),
+                                   (LPARAM)::GetDlgItem(d, IDC_COLOR_CAT_SWATCH_FIRST + step.swatch));
+                if (step.command)
+                    ::PostMessageA(d, WM_COMMAND, colour ? ColourCommand(step.command) : step.command, 0);
+                if (!Nests(step, dlg)) Finish(d, step.finish);
+                return;
+            }
+            if (HWND edit = ::GetDlgItem(d, IDC_CATEGORY_NAME))
+            {
+                nested += "name ";
+                nameEdit = edit;
+                if (step.typed) ::SetWindowTextA(edit, step.typed);
+                ::PostMessageA(d, WM_COMMAND, step.typed ? IDOK : IDCANCEL, 0);
+                ::PostMessageA(w.frame.hwnd(), WM_APP, 0, 0);
+                ::PostMessageA(d, WM_COMMAND, IDCANCEL, 0);   // for a refused name; gone with the dialog otherwise
+            }
+            else if (::GetDlgItem(d, IDC_CATEGORY_KEEP_RECORDS))
+            {
+                RECT r;
+                ::GetWindowRect(d, &r);
+                confirmHeight = r.bottom - r.top;
+                nested += ::IsWindowVisible(::GetDlgItem(d, IDC_CATEGORY_SUBSCRIPTION_NOTE)) ? "confirm+note " : "confirm ";
+                if (step.radio == 1)
+                    ::CheckRadioButton(d, IDC_CATEGORY_KEEP_RECORDS, IDC_CATEGORY_DELETE_RECORDS, IDC_CATEGORY_DELETE_RECORDS);
+                ::PostMessageA(d, WM_COMMAND, step.radio < 0 ? IDCANCEL : IDOK, 0);
+            }
+            Finish(manage, step.finish);
+        });
+        dlg.DoModal();
+    }
+    static void Finish(HWND d, UINT how)
+    {
+        if (how == SC_CLOSE) ::PostMessageA(d, WM_SYSCOMMAND, SC_CLOSE, 0);
+        else if (how == VK_ESCAPE) ::PostMessageA(::GetDlgItem(d, IDC_COLOR_CAT_LIST), WM_KEYDOWN, VK_ESCAPE, 1);
+        else ::PostMessageA(d, WM_COMMAND, how, 0);
+    }
+    template <class Dialog> static bool Nests(const Step& s, Dialog& dlg)
+    {
+        if (s.command == 0) return false;
+        if (s.command == IDC_CATEGORY_NEW) return dlg.m_pCategoryMgr->GetCount() < HYCAT_MAX_COUNT;
+        return s.select != nullptr;
+    }
+};
+
+}  // namespace
+
+namespace {
+
+CString Host(UINT id) { return CBaseDialog::LoadHostString(id); }
+
+std::string Format(UINT id, const char* first, const char* second)
+{
+    LPCTSTR texts[2] = { first, second ? second : "" };
+    CString out;
+    AfxFormatStrings(out, Host(id), texts, 2);
+    return (LPCTSTR)out;
+}
+
+enum Mode { kTable = 1, kView = 2, kBoth = 3 };
+
+// Runs the plain or the colour dialog of a world through one step.
+void RunDialog(World& w, Run& run, const Step& step, bool colour, int mode = kTable, UINT view = 0)
+{
+    CBaseTable* table = (mode & kTable) ? &w.table : nullptr;
+    CTernUIComponentView* pView = (mode & kView) ? &w.view : nullptr;
+    if (colour)
+    {
+        CHyUIColorCatMgmtDlg dlg(&w.manager, table, "Memo", pView, CWnd::FromHandle(w.frame.hwnd()));
+        dlg.SetCurrentUserName(kUser), dlg.SetCurrentViewID(view);
+        run.Go(w, dlg, step, true);
+    }
+    else
+    {
+        CHyUICatMgmtDlg dlg(&w.manager, table, "Memo", pView, CWnd::FromHandle(w.frame.hwnd()));
+        dlg.SetCurrentUserName(kUser), dlg.SetCurrentViewID(view);
+        run.Go(w, dlg, step, false);
+    }
+}
+
+const UINT kNew = IDC_CATEGORY_NEW, kDelete = IDC_CATEGORY_DELETE, kRename = IDC_CATEGORY_RENAME;
+
+struct Action
+{
+    const char* label;
+    Step step;
+    int from, to;         // the records of `from` move to `to` (-1: none move)
+    bool deletes;         // the live records of `from` are marked deleted
+    const char* names;    // the categories afterwards, "index:name ..."
+    UINT question;        // the host string asked, 0 for none
+};
+
+const Action kActions[] = {
+    { "delete keeping the records", { "Business", kDelete, nullptr, 0 }, 1, 0, false, "0:Unfiled 2:Personal 3:Travel", 0 },
+    { "delete with the records", { "Business", kDelete, nullptr, 1 }, 1, -1, true, "0:Unfiled 2:Personal 3:Travel", 0 },
+    { "rename onto another name merges", { "Business", kRename, "personal", 0 }, 1, 2, false, "0:Unfiled 2:Personal 3:Travel", IDS_HOST_MERGE },
+    { "plain rename", { "Business", kRename, "Work", 0 }, -1, -1, false, "0:Unfiled 1:Work 2:Personal 3:Travel", 0 },
+    { "same text", { "Business", kRename, "Business", 0 }, -1, -1, false, "0:Unfiled 1:Business 2:Personal 3:Travel", 0 },
+    { "case change only", { "Business", kRename, "BUSINESS", 0 }, -1, -1, false, "0:Unfiled 1:BUSINESS 2:Personal 3:Travel", 0 },
+};
+
+// The census expected after an action: "index:name:live/deleted ".
+std::string ExpectedCensus(const Action& a)
+{
+    Counts c;
+    for (int i = 0; i < (int)std::size(kSeed); ++i) c[i] = { kSeed[i].live, kSeed[i].deleted };
+    if (a.to >= 0)
+    {
+        c[a.to].first += c[a.from].first, c[a.to].second += c[a.from].second;
+        c[a.from] = { 0, 0 };
+    }
+    if (a.deletes) c[a.from] = { 0, c[a.from].first + c[a.from].second };
+    std::map<int, std::string> names;
+    unsigned index;
+    char name[32];
+    for (const char* p = a.names; sscanf(p, "%u:%31s", &index, name) == 2; p = strchr(p, ' ') ? strchr(p, ' ') + 1 : "")
+        names[index] = name;
+    std::string out;
+    for (int i = 0; i < HYCAT_MAX_COUNT; ++i)
+        if (names.count(i) || c[i].first + c[i].second > 0)
+            out += std::to_string(i) + ":" + (names.count(i) ? names[i] : "-") + ":" + std::to_string(c[i].first) + "/" +
+                   std::to_string(c[i].second) + " ";
+    return out;
+}
+
+// Only the named category's records move, in memory, in the files a fresh
+// process reads, in the undo entries and in what the view is asked; totals
+// never change; the same text changes no byte.
+TEST(CategoryDialogs, MoveOnlyTheNamedCategorysRecords)
+{
+    for (bool colour : { false, true })
+        for (int mode : { kTable, kView, kBoth })
+            for (const Action& a : kActions)
+            {
+                SCOPED_TRACE(std::string(a.label) + (colour ? ", colour dialog" : ", plain dialog") + ", mode " +
+                             std::to_string(mode));
+                World w;
+                const Files before = w.Snapshot();
+                hytest::WindowSpy viewSpy(w.view.GetSafeHwnd());
+                viewSpy.RecordOnly({ HYWM_CATEGORY_MOVE, HYWM_CATEGORY_DELETE });
+                Run run;
+                if (a.question) run.boxes.Answer(IDYES);
+                RunDialog(w, run, a.step, colour, mode);
+
+                const std::string census = ExpectedCensus(a);
+                EXPECT_EQ(census, w.InMemory());
+                EXPECT_EQ(census, w.Census());
+                ASSERT_EQ(a.question ? 1 : 0, run.boxes.Count());
+                if (a.question) EXPECT_EQ(Format(a.question, a.step.typed, a.step.select), run.boxes.Calls()[0].text);
+                if (a.to < 0 && !a.deletes && strcmp(a.step.typed, a.step.select) == 0) EXPECT_TRUE(before == w.Snapshot());
+
+                // The view is asked once, and only when the dialog has no table.
+                const bool asks = mode == kView && (a.to >= 0 || a.deletes);
+                const UINT msg = a.deletes ? HYWM_CATEGORY_DELETE : HYWM_CATEGORY_MOVE;
+                EXPECT_EQ(asks ? 1 : 0, viewSpy.Count(msg));
+                if (asks) EXPECT_TRUE(viewSpy.Matches({ { msg, (WPARAM)a.from, (LPARAM)(a.deletes ? 0 : a.to), hytest::kSent } }));
+
+                // Undo entries follow (one Business, one Personal at the start) when a view is there.
+                CUndoDeleteInfo* undo = w.doc.GetUndoObject();
+                const bool follows = (mode & kView) != 0;
+                const int business = a.from == 1 && follows ? 0 : 1;
+                EXPECT_EQ(business, undo->CountInCategory(1));
+                EXPECT_EQ(1 + (a.to == 2 && follows ? 1 : 0), undo->CountInCategory(2));
+                EXPECT_EQ(a.to == 0 && follows ? 1 : 0, undo->CountInCategory(0));
+            }
+}
+
+struct Refusal
+{
+    const char* label;
+    Step step;
+    int extra;             // categories added first (12 fills all sixteen)
+    UINT text;             // host string of the box
+    bool quoted;           // the text is 'typed' and then the string
+    UINT caption;          // host string of the caption, 0: not checked
+    UINT type;
+    int answer;            // the box's answer, 0: confirmed
+    const char* nested;
+};
+
+const Refusal kRefusals[] = {
+    { "delete with nothing selected", { nullptr, kDelete, nullptr, 0 }, 0, IDS_HOST_SELECT_TO_DELETE, false, 0, MB_OK, 0, "" },
+    { "rename with nothing selected", { nullptr, kRename, nullptr, 0 }, 0, IDS_HOST_SELECT_TO_RENAME, false, 0, MB_OK, 0, "" },
+    { "a sixteenth category, before any name is asked", { nullptr, kNew, "Extra", 0 }, 12, IDS_HOST_TOO_MANY, false,
+      IDS_HOST_CATEGORIES, MB_ICONEXCLAMATION, 0, "" },
+    { "a name of blanks", { nullptr, kNew, "   ", 0 }, 0, IDS_HOST_NAME_EMPTY, false, IDS_HOST_CATEGORIES, MB_ICONEXCLAMATION, 0, "name " },
+    { "a name taken, ignoring case", { nullptr, kNew, "business", 0 }, 0, IDS_HOST_NAME_TAKEN, true, IDS_HOST_NAME_TAKEN_CAPTION,
+      MB_ICONEXCLAMATION, 0, "name " },
+    { "a merge answered No", { "Business", kRename, "Personal", 0 }, 0, IDS_HOST_MERGE, false, 0, MB_YESNO, IDNO, "name " },
+    { "a cancelled name", { "Business", kRename, nullptr, 0 }, 0, 0, false, 0, 0, 0, "name " },
+    { "a cancelled delete", { "Business", kDelete, nullptr, -1 }, 0, 0, false, 0, 0, 0, "confirm " },
+};
+
+// Refused or cancelled actions show their box and change no byte of any file.
+TEST(CategoryDialogs, RefuseWithTheirBoxAndChangeNothing)
+{
+    for (const Refusal& r : kRefusals)
+    {
+        SCOPED_TRACE(r.label);
+        World w;
+        for (int i = 0; i < r.extra; ++i)
+        {
+            CCategory c;
+            c.SetName(("Extra " + std::to_string(i)).c_str());
+            ASSERT_EQ(HYCAT_OK, w.manager.Add(c));
+        }
+        const Files before = w.Snapshot();
+        Run run;
+        if (r.answer) run.boxes.Answer(r.answer);
+        RunDialog(w, run, r.step, false);
+        EXPECT_EQ(r.nested, run.nested);
+        EXPECT_TRUE(before == w.Snapshot());
+        ASSERT_EQ(r.text ? 1 : 0, run.boxes.Count());
+        if (!r.text) continue;
+        const hytest::MessageBoxCall& box = run.boxes.Calls()[0];
+        const std::string text = r.quoted ? "'" + std::string(r.step.typed) + "'" + (LPCTSTR)Host(r.text)
+                                          : Format(r.text, r.step.typed, r.step.select);
+        EXPECT_EQ(text, box.text);
+        if (r.caption) EXPECT_EQ((LPCTSTR)Host(r.caption), box.caption);
+        EXPECT_EQ(r.type, box.type);
+        if (r.step.typed && r.text == IDS_HOST_NAME_EMPTY) EXPECT_EQ(run.nameEdit, run.focusAfterName);
+    }
+}
+
+struct SubscriptionCase
+{
+    const char* label;
+    Step step;
+    UINT question;         // 0: none
+    UINT type;
+    const char* subscriptions;   // the file's entries afterwards
+    const char* nested;
+};
+
+const SubscriptionCase kSubscriptionCases[] = {
+    { "deleting a subscribed category", { "Travel", kDelete, nullptr, 0 }, 0, 0, "", "confirm+note " },
+    { "deleting another", { "Business", kDelete, nullptr, 0 }, 0, 0, "Travel", "confirm " },
+    { "renaming a subscribed category", { "Travel", kRename, "Trips", 0 }, IDS_HOST_RENAME_SUBSCRIPTION, MB_OKCANCEL | MB_ICONEXCLAMATION,
+      "Trips", "name " },
+    { "merging into a subscribed category", { "Business", kRename, "Travel", 0 }, IDS_HOST_MERGE_INTO_SUBSCRIPTION, MB_YESNO,
+      "Travel", "name " },
+    { "merging a subscribed category", { "Travel", kRename, "Business", 0 }, IDS_HOST_MERGE_FROM_SUBSCRIPTION, MB_YESNO, "",
+      "name " },
+};
+
+// The subscription list follows deletes, renames and merges in its file; the
+// confirmation shows its notice only for a subscribed category, 30 pixels taller.
+TEST(CategoryDialogs, KeepTheSubscriptionListInStep)
+{
+    std::map<std::string, int> heights;
+    for (const SubscriptionCase& c : kSubscriptionCases)
+    {
+        SCOPED_TRACE(c.label);
+        World w;
+        Run run;
+        RunDialog(w, run, c.step, false, kTable, HY_VIEW_MEMO);
+        EXPECT_EQ(c.nested, run.nested);
+        heights[run.nested] = run.confirmHeight;
+        EXPECT_EQ(c.subscriptions, w.Subscriptions());
+        ASSERT_EQ(c.question ? 1 : 0, run.boxes.Count());
+        if (!c.question) continue;
+        EXPECT_EQ(Format(c.question, c.step.typed, c.step.select), run.boxes.Calls()[0].text);
+        EXPECT_EQ(c.type, run.boxes.Calls()[0].type);
+    }
+    EXPECT_EQ(HY_DELETE_NOTE_BAND, heights["confirm+note "] - heights["confirm "]);
+}
+
+// A subscription list that cannot be written, or a new name already listed,
+// is reported with the stop icon; the rename still happens and the file keeps
+// every byte.
+TEST(CategoryDialogs, ReportSubscriptionFailuresAndRenameAnyway)
+{
+    for (UINT failure : { IDS_HOST_SUBSCRIPTION_DUP_FAILED, IDS_HOST_SUBSCRIPTION_UPDATE_FAILED })
+    {
+        World w;
+        if (failure == IDS_HOST_SUBSCRIPTION_DUP_FAILED)
+        {
+            CSubInfo subs;
+            SubLoadInfo(w.SubscriptionPath().c_str(), &subs);
+            subs.AddCategory("Trips");
+            SubSaveInfo(&subs);
+        }
+        const Files before = w.Snapshot();
+        HANDLE hold = ::CreateFileA(w.SubscriptionPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+        if (failure == IDS_HOST_SUBSCRIPTION_DUP_FAILED) ::CloseHandle(hold), hold = INVALID_HANDLE_VALUE;
+        Run run;
+        RunDialog(w, run, { "Travel", kRename, "Trips", 0 }, false, kTable, HY_VIEW_MEMO);
+        if (hold != INVALID_HANDLE_VALUE) ::CloseHandle(hold);
+        ASSERT_EQ(2, run.boxes.Count());
+        EXPECT_EQ(Format(failure, "Trips", "Travel"), run.boxes.Calls()[1].text);
+        EXPECT_EQ((UINT)(MB_OK | MB_ICONHAND), run.boxes.Calls()[1].type);
+        EXPECT_EQ("0:Unfiled:2/1 1:Business:3/1 2:Personal:4/2 3:Trips:1/0 ", w.Census());
+        for (auto& [path, bytes] : before)
+            if (path == w.SubscriptionPath()) EXPECT_TRUE(bytes == Slurp(path));
+    }
+}
+
+struct ColourCase
+{
+    const char* label;
+    Step step;
+    WORD category;
+    int swatch;            // the theme's swatch of the category afterwards
+};
+
+// Button k shows swatch kOrder[k]: button 11 is swatch 9.
+const ColourCase kColourCases[] = {
+    { "a new category takes the first free colour", { nullptr, kNew, "Zed", 0 }, 4, 3 },
+    { "a chosen colour survives a rename", { "Personal", kRename, "Home", 0, 11 }, 2, 9 },
+    { "a chosen colour is kept at OK", { "Personal", 0, nullptr, 0, 11 }, 2, 9 },
+    { "Cancel forgets it", { "Personal", 0, nullptr, 0, 11, IDCANCEL }, 2, 4 },
+    { "so does the close box", { "Personal", 0, nullptr, 0, 11, SC_CLOSE }, 2, 4 },
+    { "and Escape", { "Personal", 0, nullptr, 0, 11, VK_ESCAPE }, 2, 4 },
+};
+
+// Colours reach the theme at OK only, and a rename keeps an item's colour.
+TEST(ColourCategoryDialog, HandsColoursToTheThemeAtOkOnly)
+{
+    for (const ColourCase& c : kColourCases)
+    {
+        SCOPED_TRACE(c.label);
+        World w;
+        HYThemeSetCategorySwatch(1, 1), HYThemeSetCategorySwatch(2, 4), HYThemeSetCategorySwatch(3, 2);
+        Run run;
+        RunDialog(w, run, c.step, true);
+        EXPECT_EQ(c.swatch, HYThemeSwatchOfCategory(c.category));
+    }
+}
+
+// A dialog run leaves no GDI or USER object behind.
+TEST(CategoryDialogs, LeaveNoObjectsBehind)
+{
+    RunRepeated([] {
+        World w;
+        Run a, b;
+        RunDialog(w, a, { "Business", kRename, "Work", 0 }, false);
+        RunDialog(w, b, { "Personal", 0, nullptr, 0, 3 }, true);
+    });
+}
+
+}  // namespace
