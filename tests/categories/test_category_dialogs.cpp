@@ -17,6 +17,7 @@
 
 #include "HyCatDlgRes.h"
 #include "HyCatMgmtDlg.h"
+#include "HyUIRes.h"
 #include "HyColorCatMgmtDlg.h"
 #include "hytest.h"
 #include "hytest_afx.h"
@@ -205,7 +206,7 @@ HWND FindItem(HWND list, const char* text, bool ownerData)
 }
 
 // Runs one dialog through one step and records what it showed.
-struct Run
+struct DialogRun
 {
     hytest::MessageBoxRecorder boxes;
     std::string nested;            // "name ", "confirm ", "confirm+note "
@@ -286,7 +287,7 @@ std::string Format(UINT id, const char* first, const char* second)
 enum Mode { kTable = 1, kView = 2, kBoth = 3 };
 
 // Runs the plain or the colour dialog of a world through one step.
-void RunDialog(World& w, Run& run, const Step& step, bool colour, int mode = kTable, UINT view = 0)
+void RunDialog(World& w, DialogRun& run, const Step& step, bool colour, int mode = kTable, UINT view = 0)
 {
     CBaseTable* table = (mode & kTable) ? &w.table : nullptr;
     CTernUIComponentView* pView = (mode & kView) ? &w.view : nullptr;
@@ -364,7 +365,7 @@ TEST(CategoryDialogs, MoveOnlyTheNamedCategorysRecords)
                 const Files before = w.Snapshot();
                 hytest::WindowSpy viewSpy(w.view.GetSafeHwnd());
                 viewSpy.RecordOnly({ HYWM_CATEGORY_MOVE, HYWM_CATEGORY_DELETE });
-                Run run;
+                DialogRun run;
                 if (a.question) run.boxes.Answer(IDYES);
                 RunDialog(w, run, a.step, colour, mode);
 
@@ -431,7 +432,7 @@ TEST(CategoryDialogs, RefuseWithTheirBoxAndChangeNothing)
             ASSERT_EQ(HYCAT_OK, w.manager.Add(c));
         }
         const Files before = w.Snapshot();
-        Run run;
+        DialogRun run;
         if (r.answer) run.boxes.Answer(r.answer);
         RunDialog(w, run, r.step, false);
         EXPECT_EQ(r.nested, run.nested);
@@ -478,7 +479,7 @@ TEST(CategoryDialogs, KeepTheSubscriptionListInStep)
     {
         SCOPED_TRACE(c.label);
         World w;
-        Run run;
+        DialogRun run;
         RunDialog(w, run, c.step, false, kTable, HY_VIEW_MEMO);
         EXPECT_EQ(c.nested, run.nested);
         heights[run.nested] = run.confirmHeight;
@@ -509,7 +510,7 @@ TEST(CategoryDialogs, ReportSubscriptionFailuresAndRenameAnyway)
         const Files before = w.Snapshot();
         HANDLE hold = ::CreateFileA(w.SubscriptionPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
         if (failure == IDS_HOST_SUBSCRIPTION_DUP_FAILED) ::CloseHandle(hold), hold = INVALID_HANDLE_VALUE;
-        Run run;
+        DialogRun run;
         RunDialog(w, run, { "Travel", kRename, "Trips", 0 }, false, kTable, HY_VIEW_MEMO);
         if (hold != INVALID_HANDLE_VALUE) ::CloseHandle(hold);
         ASSERT_EQ(2, run.boxes.Count());
@@ -547,7 +548,7 @@ TEST(ColourCategoryDialog, HandsColoursToTheThemeAtOkOnly)
         SCOPED_TRACE(c.label);
         World w;
         HYThemeSetCategorySwatch(1, 1), HYThemeSetCategorySwatch(2, 4), HYThemeSetCategorySwatch(3, 2);
-        Run run;
+        DialogRun run;
         RunDialog(w, run, c.step, true);
         EXPECT_EQ(c.swatch, HYThemeSwatchOfCategory(c.category));
     }
@@ -558,7 +559,7 @@ TEST(CategoryDialogs, LeaveNoObjectsBehind)
 {
     RunRepeated([] {
         World w;
-        Run a, b;
+        DialogRun a, b;
         RunDialog(w, a, { "Business", kRename, "Work", 0 }, false);
         RunDialog(w, b, { "Personal", 0, nullptr, 0, 3 }, true);
     });
