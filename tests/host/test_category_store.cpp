@@ -41,10 +41,18 @@ protected:
     std::string cat = data / "Memo.cat", rec = data / "Memo.rec";
     void SetUp() override { HySetDataFolder(data.path()); }
 
-    std::string NameOf(CCategoryMgr& m, WORD index)
+    static std::string NameOf(CCategoryMgr& m, WORD index)
     {
         CCategory c;
         return m.FindIndex(index, &c) == HYCAT_OK ? std::string(c.GetName()) : "-";
+    }
+    // The manager's answer * 100 + the index it gave.
+    static int Add(CCategoryMgr& m, const char* name)
+    {
+        CCategory c;
+        c.SetName(name);
+        const int answer = m.Add(c);
+        return answer * 100 + (answer == HYCAT_OK ? c.GetIndex() : 0);
     }
 };
 
@@ -52,89 +60,55 @@ TEST_F(Store, CategoriesTakeTheLowestFreeIndexAndKeepNamesUniqueIgnoringCase)
 {
     CCategoryMgr m;
     ASSERT_EQ(m.Open("Memo"), HYCAT_OK);
-    EXPECT_EQ(std::string(m.GetFilePath()), cat);
-    EXPECT_EQ(m.GetCount() * 100 + (FileBytes(cat).empty() ? 1 : 0), 101);   // "Unfiled" alone, not yet written
-    EXPECT_EQ(NameOf(m, 0), "Unfiled");
-    const struct { const char* name; int result; WORD index; } adds[] = {
-        { "Work", HYCAT_OK, 1 }, { "Home", HYCAT_OK, 2 }, { "hOME", HYCAT_ERR_DUPLICATE, 0 },
-        { "unfiled", HYCAT_ERR_DUPLICATE, 0 }, { "", HYCAT_ERR_NAME, 0 },
-        { "Sixteen chars..", HYCAT_OK, 3 }, { "Sixteen chars...", HYCAT_ERR_NAME, 0 },
+    EXPECT_EQ(std::string(m.GetFilePath()) + NameOf(m, 0) + FileBytes(cat), cat + "Unfiled");   // not yet written
+    // name -> result * 100 + the index given
+    const struct { const char* name; int answer; } adds[] = {
+        { "Work", 1 }, { "Home", 2 }, { "hOME", HYCAT_ERR_DUPLICATE * 100 }, { "unfiled", HYCAT_ERR_DUPLICATE * 100 },
+        { "", HYCAT_ERR_NAME * 100 }, { "Fifteen chars..", 3 }, { "Sixteen chars...", HYCAT_ERR_NAME * 100 },
     };
-    for (const auto& a : adds)
-    {
-        CCategory c;
-        c.SetName(a.name);
-        EXPECT_EQ(m.Add(c), a.result) << a.name;
-        if (a.result == HYCAT_OK) EXPECT_EQ(c.GetIndex(), a.index) << a.name;
-    }
-    EXPECT_EQ(m.Delete(1), HYCAT_OK);
-    CCategory play;
-    play.SetName("Play");
-    EXPECT_EQ(m.Add(play) * 100 + play.GetIndex(), 1);   // the freed 1, not 4
+    for (const auto& a : adds) EXPECT_EQ(Add(m, a.name), a.answer) << a.name;
+    EXPECT_EQ(m.Delete(1) * 100 + Add(m, "Play"), 1);   // the freed 1, not 4
     EXPECT_EQ((std::vector<int>{ m.Delete(0), m.Rename(0, "Misc"), m.Rename(2, "PLAY"), m.Rename(2, "HOME"),
-                                 m.Delete(9), m.FindName("Nothing", nullptr) }),
-              (std::vector<int>{ HYCAT_ERR_NAME, HYCAT_ERR_NAME, HYCAT_ERR_DUPLICATE, HYCAT_OK, HYCAT_NOT_FOUND, 4 }));
-    CCategory found;
-    EXPECT_EQ(m.FindName("home", &found) * 100 + found.GetIndex(), 2);
-    for (int i = m.GetCount(); i < HYCAT_MAX_COUNT; ++i)
-    {
-        CCategory c;
-        c.SetName(("More " + std::to_string(i)).c_str());
-        ASSERT_EQ(m.Add(c), HYCAT_OK) << i;
-    }
-    CCategory extra;
-    extra.SetName("Extra");
-    EXPECT_EQ(m.Add(extra), HYCAT_ERR_FULL);
+                                 m.Delete(9), m.FindName("Nothing", nullptr), m.FindName("home", nullptr) }),
+              (std::vector<int>{ HYCAT_ERR_NAME, HYCAT_ERR_NAME, HYCAT_ERR_DUPLICATE, HYCAT_OK, HYCAT_NOT_FOUND, 4, 0 }));
+    for (int i = m.GetCount(); i < HYCAT_MAX_COUNT; ++i) ASSERT_LT(Add(m, ("More " + std::to_string(i)).c_str()), 100);
+    EXPECT_EQ(Add(m, "Extra"), HYCAT_ERR_FULL * 100);
 
     CCategoryMgr again;   // another reader sees every change, in index order
     ASSERT_EQ(again.Open("Memo"), HYCAT_OK);
+    CCategory found;
     std::string walk;
     for (int r = again.FindFirst(&found); r == HYCAT_OK; r = again.FindNext(&found))
         walk += std::to_string(found.GetIndex()) + ":" + std::string(found.GetName()) + " ";
-    EXPECT_EQ(walk.substr(0, 44), "0:Unfiled 1:Play 2:HOME 3:Sixteen chars.. 4:");
-    EXPECT_EQ(again.GetCount(), 16);
+    EXPECT_EQ(walk.substr(0, 44) + std::to_string(again.GetCount()), "0:Unfiled 1:Play 2:HOME 3:Fifteen chars.. 4:16");
 }
 
 TEST_F(Store, CorruptTruncatedOrForeignFilesAreRefusedAndLeftByteForByte)
 {
     CCategoryMgr m;
     CBaseTable t;
-    ASSERT_EQ(m.Open("Memo"), HYCAT_OK);
-    CCategory c;
-    c.SetName("Work");
-    ASSERT_EQ(m.Add(c), HYCAT_OK);
-    ASSERT_TRUE(t.Open("Memo") && t.AddRecord(1, "text") == 1);
+    ASSERT_TRUE(m.Open("Memo") == HYCAT_OK && Add(m, "Work") == 1 && t.Open("Memo") && t.AddRecord(1, "text") == 1);
     const std::string goodCat = FileBytes(cat), goodRec = FileBytes(rec);
-    std::string flipped = goodCat;
-    flipped.back() ^= 0x20;
-    const std::string cases[] = { goodCat.substr(0, goodCat.size() - 1), flipped, "[Settings]\r\nplain text\r\n",
-                                  goodRec, goodCat + '\0' };
-    for (const std::string& bytes : cases)
+    // The category file's bytes, then the record file's.
+    const std::pair<std::string, std::string> cases[] = {
+        { goodCat.substr(0, goodCat.size() - 1), goodRec + '\0' }, { "[Settings]\r\n", "" }, { goodRec, goodCat } };
+    for (const auto& [c, r] : cases)
     {
-        ASSERT_TRUE(hytest::WriteFileBytes(cat, bytes) && hytest::WriteFileBytes(rec, bytes == goodRec ? goodCat : bytes));
-        EXPECT_EQ(m.Open("Memo"), HYCAT_ERR_IO) << bytes.size();
-        EXPECT_FALSE(m.IsOpen() || t.Open("Memo"));
-        EXPECT_EQ(m.Add(c) * 10 + m.Delete(1), HYCAT_ERR_NOT_OPEN * 11);
-        EXPECT_EQ(t.AddRecord(0, "x"), 0u);
-        EXPECT_EQ(FileBytes(cat), bytes);
-        EXPECT_EQ(FileBytes(rec), bytes == goodRec ? goodCat : bytes);
+        ASSERT_TRUE(hytest::WriteFileBytes(cat, c) && hytest::WriteFileBytes(rec, r));
+        EXPECT_EQ(m.Open("Memo") * 10 + m.Delete(1), HYCAT_ERR_IO * 10 + HYCAT_ERR_NOT_OPEN);
+        EXPECT_FALSE(t.Open("Memo") || t.AddRecord(0, "x") || t.Save());
+        EXPECT_EQ(FileBytes(cat) + "|" + FileBytes(rec), c + "|" + r);
     }
 }
 
 TEST_F(Store, ASaveThatCannotReplaceTheFileLeavesItAndNoTemporaryFile)
 {
     CCategoryMgr m;
-    ASSERT_EQ(m.Open("Memo"), HYCAT_OK);
-    CCategory c;
-    c.SetName("Work");
-    ASSERT_EQ(m.Add(c), HYCAT_OK);
+    ASSERT_TRUE(m.Open("Memo") == HYCAT_OK && Add(m, "Work") == 1);
     const std::string before = FileBytes(cat);
     HANDLE held = ::CreateFileA(cat.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(held, INVALID_HANDLE_VALUE);
-    c.SetName("Home");
-    EXPECT_EQ(m.Add(c), HYCAT_ERR_IO);
-    EXPECT_EQ(m.Rename(1, "Job"), HYCAT_ERR_IO);
-    EXPECT_EQ(m.Delete(1), HYCAT_ERR_IO);
+    EXPECT_EQ((std::vector<int>{ Add(m, "Home"), m.Rename(1, "Job"), m.Delete(1) }),
+              (std::vector<int>{ HYCAT_ERR_IO * 100, HYCAT_ERR_IO, HYCAT_ERR_IO }));
     ::CloseHandle(held);
     EXPECT_EQ(FileBytes(cat), before);
     EXPECT_EQ(::GetFileAttributesA((cat + ".tmp").c_str()), INVALID_FILE_ATTRIBUTES);

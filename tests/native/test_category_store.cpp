@@ -66,6 +66,13 @@ Bytes Cat(int index, const std::string& name)
     return b;
 }
 
+Bytes Sub(const std::string& name)   // a subscription entry: a category's without the index
+{
+    Bytes b = Cat(0, name);
+    b.erase(b.begin());
+    return b;
+}
+
 Bytes Join(std::initializer_list<Bytes> parts)
 {
     Bytes out;
@@ -93,42 +100,31 @@ StoreError DecodeAny(char kind, const Bytes& f)
     return hy::DecodeSubscriptions(f.data(), f.size(), subs);
 }
 
-TEST(StoreCodec, ThreeKindsRoundTripByteForByte)
+TEST(StoreCodec, HandMadeFilesOfEachKindDecodeAndEncodeToTheSameBytes)
 {
-    const std::vector<hy::StoredCategory> cats = { { 0, "Unfiled" }, { 7, "Fifteen chars.." }, { 3, "\xe9t\xe9" } };
-    hy::StoredRecords recs;
-    recs.nextId = 9;
-    recs.records = { { 4, 7, false, "later first" }, { 2, 0, true, "" }, { 8, 15, false, std::string(300, 'x') } };
-    const std::vector<std::string> subs = { "Work", "work", "Home" };   // exact text differs
-
-    Bytes a, b;
-    ASSERT_EQ(hy::EncodeCategories(cats, a), StoreError::Ok);
-    std::vector<hy::StoredCategory> cats2;
-    ASSERT_EQ(hy::DecodeCategories(a.data(), a.size(), cats2), StoreError::Ok);
-    ASSERT_EQ(cats2.size(), 3u);
-    EXPECT_EQ(cats2[1].index * 1000 + int(cats2[1].name.size()), 7015);
-    EXPECT_EQ(cats2[2].name, "\xe9t\xe9");
-    ASSERT_EQ(hy::EncodeCategories(cats2, b), StoreError::Ok);
-    EXPECT_EQ(a, b);
-
-    ASSERT_EQ(hy::EncodeRecords(recs, a), StoreError::Ok);
-    hy::StoredRecords recs2;
-    ASSERT_EQ(hy::DecodeRecords(a.data(), a.size(), recs2), StoreError::Ok);
-    ASSERT_EQ(recs2.records.size(), 3u);
-    EXPECT_EQ(recs2.nextId, 9u);
-    EXPECT_EQ(recs2.records[0].id * 100 + recs2.records[0].category, 407u);   // order kept
-    EXPECT_TRUE(recs2.records[1].deleted);
-    EXPECT_FALSE(recs2.records[2].deleted);
-    EXPECT_EQ(recs2.records[2].text, recs.records[2].text);
-    ASSERT_EQ(hy::EncodeRecords(recs2, b), StoreError::Ok);
-    EXPECT_EQ(a, b);
-
-    ASSERT_EQ(hy::EncodeSubscriptions(subs, a), StoreError::Ok);
-    std::vector<std::string> subs2;
-    ASSERT_EQ(hy::DecodeSubscriptions(a.data(), a.size(), subs2), StoreError::Ok);
-    EXPECT_EQ(subs2, subs);
-    EXPECT_EQ(File("HYSB", 3, Join({ { 4 }, { 'W', 'o', 'r', 'k' }, { 4 }, { 'w', 'o', 'r', 'k' },
-                                     { 4 }, { 'H', 'o', 'm', 'e' } })), a);   // the layout itself
+    const Bytes cats = File("HYCT", 3, Join({ Cat(0, "Unfiled"), Cat(7, "Fifteen chars.."), Cat(3, "\xe9t\xe9") }));
+    const Bytes recs = File("HYRC", 3, Join({ U32(9), Rec(4, 7, 0, "later first"), Rec(2, 0, 1, ""),
+                                              Rec(8, 15, 0, std::string(300, 'x')) }));
+    const Bytes subs = File("HYSB", 2, Join({ Sub("Work"), Sub("work") }));
+    std::vector<hy::StoredCategory> c;
+    hy::StoredRecords r;
+    std::vector<std::string> s;
+    ASSERT_EQ(hy::DecodeCategories(cats.data(), cats.size(), c), StoreError::Ok);
+    ASSERT_EQ(hy::DecodeRecords(recs.data(), recs.size(), r), StoreError::Ok);
+    ASSERT_EQ(hy::DecodeSubscriptions(subs.data(), subs.size(), s), StoreError::Ok);   // exact text differs
+    std::string seen;
+    for (const auto& x : c) seen += std::to_string(x.index) + x.name + ";";
+    for (const auto& x : r.records)
+        seen += std::to_string(x.id) + "/" + std::to_string(x.category) + (x.deleted ? "d" : " ") +
+                std::to_string(x.text.size()) + ";";
+    EXPECT_EQ(seen + std::to_string(r.nextId) + s.at(0) + s.at(1),
+              "0Unfiled;7Fifteen chars..;3\xe9t\xe9;4/7 11;2/0d0;8/15 300;9Workwork");   // order kept
+    Bytes again[3];
+    EXPECT_TRUE(hy::EncodeCategories(c, again[0]) == StoreError::Ok && hy::EncodeRecords(r, again[1]) == StoreError::Ok &&
+                hy::EncodeSubscriptions(s, again[2]) == StoreError::Ok);
+    EXPECT_EQ(again[0], cats);
+    EXPECT_EQ(again[1], recs);
+    EXPECT_EQ(again[2], subs);
 }
 
 TEST(StoreCodec, RefusesCorruptTruncatedAndForeignFiles)
@@ -178,14 +174,14 @@ TEST(StoreCodec, RefusesCorruptTruncatedAndForeignFiles)
 
 TEST(StoreCodec, EncodingRefusesWhatDecodingWould)
 {
-    Bytes out{ 42 };
+    Bytes out{ 42 };   // a refused encoding writes nothing
     EXPECT_EQ(hy::EncodeCategories({ { 1, "Work" } }, out), StoreError::NoCatchAll);
     EXPECT_EQ(hy::EncodeCategories({ { 0, "Unfiled" }, { 1, "UNFILED" } }, out), StoreError::DuplicateName);
     EXPECT_EQ(hy::EncodeSubscriptions({ std::string(16, 's') }, out), StoreError::BadName);
     hy::StoredRecords recs;
     recs.records = { { 1, 0, false, "a" } };   // next id 1 does not lie above id 1
     EXPECT_EQ(hy::EncodeRecords(recs, out), StoreError::BadRecord);
-    EXPECT_EQ(out, Bytes{ 42 });   // a refused encoding writes nothing
+    EXPECT_EQ(out, Bytes{ 42 });
 }
 
 }  // namespace
