@@ -71,7 +71,7 @@ int main(int argc, char** argv)
         for (int i = 0; i < total; ++i)
         {
             const WORD category = i % stride == 0 ? 3 : (WORD)(1 + i % 2);
-            if (table.AddRecordNoSave(category, "A record of the benchmark") == 0) return 2;
+            if (table.AddRecord(category, "A record of the benchmark", FALSE) == 0) return 2;
         }
         if (!table.Save()) return 2;
         const double buildMs = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - build0).count();

@@ -50,8 +50,9 @@ public:
     BOOL IsOpen() const;
     CString GetFilePath() const;
 
-    // Appends a live record and saves; answers its id (0 on failure).
-    DWORD AddRecord(WORD wCategory, LPCTSTR lpszText);
+    // Appends a live record and saves; answers its id (0 on failure). A host
+    // that adds many at once passes bSave FALSE and calls Save at the end.
+    DWORD AddRecord(WORD wCategory, LPCTSTR lpszText, BOOL bSave = TRUE);
     // Writes the table now; FALSE when the save failed (the file is unchanged).
     BOOL Save();
     int GetRecordCount() const;               // live and deleted

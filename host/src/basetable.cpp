@@ -73,7 +73,7 @@ BOOL CBaseTable::Open(LPCTSTR lpszComponent)
 BOOL CBaseTable::IsOpen() const { return m_pImpl->open; }
 CString CBaseTable::GetFilePath() const { return m_pImpl->path.c_str(); }
 
-DWORD CBaseTable::AddRecord(WORD wCategory, LPCTSTR lpszText)
+DWORD CBaseTable::AddRecord(WORD wCategory, LPCTSTR lpszText, BOOL bSave)
 {
     hy::StoredRecords& data = m_pImpl->data;
     const std::string text = lpszText != nullptr ? lpszText : "";
@@ -83,7 +83,7 @@ DWORD CBaseTable::AddRecord(WORD wCategory, LPCTSTR lpszText)
     const DWORD id = data.nextId;
     data.records.push_back({ id, wCategory, false, text });
     ++data.nextId;
-    if (!m_pImpl->Save())
+    if (bSave && !m_pImpl->Save())
     {
         data.records.pop_back();
         --data.nextId;
