@@ -200,7 +200,8 @@ TEST_F(CategoryTest, SwatchClicksOnEnterAndOnEachOfTwoQuickClicks)
     EXPECT_EQ(s.frame.Last(WM_COMMAND)->lParam, (LPARAM)s.swatch.m_hWnd);
     s.frame.Clear();
     hytest::DoubleClick(s.swatch, 5, 5);
-    EXPECT_EQ(s.frame.Count(WM_COMMAND), 2u);
+    ASSERT_EQ(s.frame.Count(WM_COMMAND), 2u);
+    EXPECT_EQ(s.frame.Messages()[0].wParam + s.frame.Messages()[1].wParam, 18u);   // two BN_CLICKED, no BN_DOUBLECLICKED
     MSG enter = { s.swatch, WM_KEYDOWN, VK_RETURN };
     EXPECT_EQ(s.swatch.SendMessage(WM_GETDLGCODE, 0, (LPARAM)&enter) & DLGC_WANTMESSAGE, DLGC_WANTMESSAGE);
     EXPECT_EQ(s.swatch.SendMessage(WM_GETDLGCODE, 0, 0) & DLGC_WANTMESSAGE, 0);
