@@ -1,5 +1,6 @@
 // The host's common-UI services: language modules and the profile.
 #include "HyCommonUI.h"
+#include "hoststore.h"
 #include <stdlib.h>
 #include <string>
 
@@ -8,7 +9,9 @@ namespace {
 std::string g_langDir;      // set by the host; empty: default
 std::string g_profilePath;  // set by the host; empty: default
 
-std::string HostFolder()
+}  // namespace
+
+std::string hyhost::HostFolder()
 {
     static const char marker = 0;   // an address inside HyHost.dll
     HMODULE self = nullptr;
@@ -20,6 +23,13 @@ std::string HostFolder()
     size_t slash = folder.find_last_of('\\');
     return slash == std::string::npos ? std::string(".") : folder.substr(0, slash);
 }
+
+std::string hyhost::ProfilePath()
+{
+    return g_profilePath.empty() ? HostFolder() + "\\HyHost.ini" : g_profilePath;
+}
+
+namespace {
 
 // The language id of a module's first string table, 0 when it has none.
 BOOL CALLBACK FirstLanguage(HMODULE, LPCSTR, LPCSTR, WORD language, LONG_PTR out)
@@ -44,7 +54,7 @@ void GetTernLangDllDirectory(CString& dir)
         dir = env;
         return;
     }
-    dir = (HostFolder() + "\\lang\\en").c_str();
+    dir = (hyhost::HostFolder() + "\\lang\\en").c_str();
 }
 
 void HySetLangDllDirectory(LPCSTR dir)
@@ -97,7 +107,7 @@ BOOL HyGetProfileInt(LPCSTR section, LPCSTR key, int* pValue)
     *pValue = 0;
     if (section == nullptr || key == nullptr)
         return FALSE;
-    std::string path = g_profilePath.empty() ? HostFolder() + "\\HyHost.ini" : g_profilePath;
+    const std::string path = hyhost::ProfilePath();
     char text[64] = "";
     DWORD n = ::GetPrivateProfileStringA(section, key, "", text, sizeof text, path.c_str());
     if (n == 0)

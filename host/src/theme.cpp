@@ -1,6 +1,6 @@
-// The default theme: element styles, colour shading, fonts, the category
-// swatches. Drawing helpers are in theme_draw.cpp. Palette reasons:
-// docs/theme.md.
+// The default theme: element styles, colour shading, fonts, the swatch
+// colours. Drawing helpers are in theme_draw.cpp, which category has which
+// swatch in theme_swatches.cpp. Palette reasons: docs/theme.md.
 #include <afxwin.h>
 #include "HyTheme.h"
 
@@ -72,15 +72,6 @@ const COLORREF kSwatches[HYSWATCH_COUNT] = {
     Hex(0xFDE047),  // 15 yellow
     Hex(0x64748B),  // 16 slate: the catch-all category's neutral
 };
-
-int g_categorySwatch[HYCATEGORY_COUNT];
-bool g_categorySwatchInit = false;
-
-void EnsureCategorySwatches()
-{
-    if (g_categorySwatchInit) return;
-    HYThemeResetCategorySwatches();
-}
 
 const HYThemeStyle* FindStyle(int id)
 {
@@ -208,33 +199,10 @@ COLORREF WINAPI HYThemeGetFocusColor() { return FindStyle(HYTHEME_FOCUS)->fill; 
 CBrush* WINAPI HYThemeGetFocusBrush() { return Objects().FocusBrush(); }
 CBrush* WINAPI HYThemeGetRuleBrush() { return Objects().RuleBrush(); }
 
-int WINAPI HYThemeSwatchOfCategory(WORD wCategory)
-{
-    if (wCategory >= HYCATEGORY_COUNT) return HYSWATCH_NONE;
-    EnsureCategorySwatches();
-    return g_categorySwatch[wCategory];
-}
-
 COLORREF WINAPI HYThemeSwatchColor(int nSwatch)
 {
     if (nSwatch < 1 || nSwatch > HYSWATCH_COUNT) return kFallback.fill;
     return kSwatches[nSwatch - 1];
-}
-
-BOOL WINAPI HYThemeSetCategorySwatch(WORD wCategory, int nSwatch)
-{
-    if (wCategory >= HYCATEGORY_COUNT || nSwatch < 1 || nSwatch > HYSWATCH_COUNT) return FALSE;
-    EnsureCategorySwatches();
-    g_categorySwatch[wCategory] = nSwatch;
-    return TRUE;
-}
-
-void WINAPI HYThemeResetCategorySwatches()
-{
-    // The catch-all category 0 gets the neutral swatch 16; category c gets c.
-    g_categorySwatch[0] = HYSWATCH_COUNT;
-    for (int c = 1; c < HYCATEGORY_COUNT; ++c) g_categorySwatch[c] = c;
-    g_categorySwatchInit = true;
 }
 
 }  // extern "C"

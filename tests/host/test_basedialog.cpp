@@ -119,7 +119,7 @@ TEST_F(BaseDialogTest, TemplateComesFromTheHostThenTheChainAndAMissingOneAnswers
         const Shown shown = RunAndCancel(*dlg, &result);
         captions.push_back(shown.caption + (shown.hasNameEdit ? "+edit" : "") + (result == IDCANCEL ? "" : "?"));
     }
-    EXPECT_EQ((std::vector<std::string>{ "Chain copy", "New Category+edit", "Chain only" }), captions);
+    EXPECT_EQ((std::vector<std::string>{ "Chain copy", "Category Name+edit", "Chain only" }), captions);
     EXPECT_EQ(nullptr, host.m_hWnd);
     CBaseDialog nowhere(kNowhere);
     hytest::DialogDriver driver([](HWND h) { ::PostMessage(h, WM_COMMAND, IDCANCEL, 0); });
@@ -128,7 +128,7 @@ TEST_F(BaseDialogTest, TemplateComesFromTheHostThenTheChainAndAMissingOneAnswers
 
     // Modeless: the same order.
     hytest::HostFrame frame;
-    for (const auto& [id, caption] : { std::pair<UINT, std::string>{ kHostTemplate, "New Category" },
+    for (const auto& [id, caption] : { std::pair<UINT, std::string>{ kHostTemplate, "Category Name" },
                                         { kChainOnly, "Chain only" } }) {
         CBaseDialog modeless;
         ASSERT_TRUE(modeless.Create(id, CWnd::FromHandle(frame)));

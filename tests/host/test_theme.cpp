@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <afxwin.h>
+#include "HyCommonUI.h"
 #include "HyTheme.h"
 #include "hytest.h"
+#include "hytest_env.h"
 #include "hytest_afx.h"
 
 #include <algorithm>
@@ -88,6 +90,8 @@ TEST(ThemeShift, AddsToEachChannelAndClamps)
 
 TEST(ThemeSwatches, CategoriesMapToSixteenDistinctSwatchesAndOutOfRangeIsRefused)
 {
+    const hytest::TempFile profile("hy-theme-swatches.ini");   // changes are stored: never in a shared profile
+    HySetProfilePath(profile.path());
     HYThemeResetCategorySwatches();
     EXPECT_EQ(HYThemeSwatchOfCategory(0), 16);   // the catch-all gets the neutral swatch
     for (WORD c = 1; c < 16; ++c) EXPECT_EQ(HYThemeSwatchOfCategory(c), c);
@@ -100,6 +104,7 @@ TEST(ThemeSwatches, CategoriesMapToSixteenDistinctSwatchesAndOutOfRangeIsRefused
     EXPECT_EQ((std::vector<int>{ 2, 9, 4, 16 }), (std::vector<int>{ HYThemeSwatchOfCategory(2), HYThemeSwatchOfCategory(3),
                                                 HYThemeSwatchOfCategory(4), HYThemeSwatchOfCategory(15) }));
     HYThemeResetCategorySwatches();
+    HySetProfilePath(nullptr);
     for (int bad : { 0, 17, -3 })
         EXPECT_EQ(HYThemeSwatchColor(bad), HYThemeFallbackColor()) << bad;
     // Two swatches read as two colours at 12 x 9 pixels (the colour-blind

@@ -57,4 +57,59 @@ TempFile::TempFile(const char* name)
 
 TempFile::~TempFile() { ::DeleteFileA(m_path.c_str()); }
 
+namespace {
+void RemoveTree(const std::string& path)
+{
+    WIN32_FIND_DATAA found;
+    HANDLE find = ::FindFirstFileA((path + "\\*").c_str(), &found);
+    while (find != INVALID_HANDLE_VALUE)
+    {
+        const std::string name = found.cFileName, full = path + "\\" + name;
+        if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+        {
+            if (name != "." && name != "..") RemoveTree(full);
+        }
+        else
+        {
+            ::SetFileAttributesA(full.c_str(), FILE_ATTRIBUTE_NORMAL);
+            ::DeleteFileA(full.c_str());
+        }
+        if (!::FindNextFileA(find, &found)) break;
+    }
+    if (find != INVALID_HANDLE_VALUE) ::FindClose(find);
+    ::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    ::RemoveDirectoryA(path.c_str());
+}
+}  // namespace
+
+TempFolder::TempFolder(const char* name) : m_path(TempFile(name).path())
+{
+    RemoveTree(m_path);   // left over by an earlier run that was cut short
+    ::CreateDirectoryA(m_path.c_str(), nullptr);
+}
+
+TempFolder::~TempFolder() { RemoveTree(m_path); }
+
+std::string FileBytes(const std::string& path)
+{
+    HANDLE file = ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return std::string();
+    std::string bytes(::GetFileSize(file, nullptr), '\0');
+    DWORD done = 0;
+    if (!bytes.empty() && !::ReadFile(file, &bytes[0], DWORD(bytes.size()), &done, nullptr)) bytes.clear();
+    ::CloseHandle(file);
+    return bytes;
+}
+
+bool WriteFileBytes(const std::string& path, const std::string& bytes)
+{
+    HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    DWORD done = 0;
+    const bool ok = bytes.empty() || (::WriteFile(file, bytes.data(), DWORD(bytes.size()), &done, nullptr) &&
+                                      done == bytes.size());
+    return ::CloseHandle(file) && ok;
+}
+
 }  // namespace hytest

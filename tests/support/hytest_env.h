@@ -63,4 +63,27 @@ private:
     std::string m_path;
 };
 
+// A folder in the temporary folder, unique to this process, made at once;
+// it and everything below it (read-only files included) go at the end of
+// the scope.
+class TempFolder
+{
+public:
+    explicit TempFolder(const char* name);
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const char* path() const { return m_path.c_str(); }
+    std::string operator/(const std::string& name) const { return m_path + "\\" + name; }
+
+private:
+    std::string m_path;
+};
+
+// The whole content of a file; empty when it cannot be read.
+std::string FileBytes(const std::string& path);
+// Writes a file whole (replacing it); false on failure.
+bool WriteFileBytes(const std::string& path, const std::string& bytes);
+
 }  // namespace hytest
