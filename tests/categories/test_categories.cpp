@@ -70,8 +70,7 @@ struct Menu
     void Draw(Scene& s, Canvas& c, HMENU m, int pos, UINT state, int left = 0)
     {
         UINT id = 0;
-        CHyCategoryData* record = Record(m, pos, &id);
-        s.Draw(c, ODT_MENU, (HWND)m, id, (ULONG_PTR)record, state, left);
+        s.Draw(c, ODT_MENU, (HWND)m, (Record(m, pos, &id), id), (ULONG_PTR)Record(m, pos), state, left);
     }
 };
 
@@ -206,19 +205,30 @@ TEST_F(CategoryTest, SwatchFramesShowTheSelectionAndFocusAndEnterAndDoubleClicks
     EXPECT_EQ(spy.Count(WM_PAINT), 2u);
 }
 
-int ItemHeightInFontOne()
-{
-    Canvas c(1, 1);
-    return c.dc().SelectObject(HYThemeGetFont(HYFONT_STANDARD)), c.dc().GetTextExtent("Ag", 2).cy;
-}
-
-TEST_F(CategoryTest, ListRowsAsDrawnAndAfterASwatchChange)
+TEST_F(CategoryTest, SwatchListSortsByStringSortAndDrawsRowsCreatedOrAttached)
 {
     Scene s;
-    const int h = ItemHeightInFontOne(), top = (h - 9) / 2;
+    Canvas measure(1, 1);
+    const int h = (measure.dc().SelectObject(HYThemeGetFont(HYFONT_STANDARD)), measure.dc().GetTextExtent("Ag", 2).cy), top = (h - 9) / 2;
+    CDialog dlg(IDD_COLOR_CATEGORIES);
+    CHySwatchListBox attached;
+    hytest::DialogDriver driver([&](HWND dialog) {
+        ASSERT_TRUE(attached.AttachToDialogItem(IDC_COLOR_CAT_LIST, CWnd::FromHandle(dialog)));
+        for (CHySwatchListBox* list : { &s.list, &attached })   // the template's list gets what creation gives
+            EXPECT_EQ(std::vector<UINT_PTR>({ (UINT_PTR)list->GetFont()->GetSafeHandle(), (UINT_PTR)list->GetItemHeight(0) }),
+                      std::vector<UINT_PTR>({ (UINT_PTR)HYThemeGetFont(HYFONT_STANDARD)->GetSafeHandle(), (UINT_PTR)h }));
+        for (const char* pair : { "co-op\0coop", "a-b\0ab", "we're\0were" })   // pairs the word sort orders otherwise
+        {
+            const char* second = pair + strlen(pair) + 1;
+            const int string = ::CompareStringA(LOCALE_SYSTEM_DEFAULT, SORT_STRINGSORT, pair, -1, second, -1);
+            ASSERT_NE(::CompareStringA(LOCALE_SYSTEM_DEFAULT, 0, pair, -1, second, -1), string) << pair;
+            attached.ResetContent(), attached.AddItem(second, 1), attached.AddItem(pair, 2);
+            EXPECT_EQ(std::string(attached.GetItemText(0)), string == CSTR_LESS_THAN ? pair : second);
+        }
+        ::PostMessage(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(dlg.DoModal(), IDCANCEL);
     EXPECT_EQ(s.list.CWnd::GetStyle() & (0x112 | LBS_HASSTRINGS), 0x112u);   // WS_VSCROLL only while needed
-    EXPECT_EQ(s.list.GetFont()->GetSafeHandle(), HYThemeGetFont(HYFONT_STANDARD)->GetSafeHandle());
-    EXPECT_EQ(s.list.GetItemHeight(0), h);
     s.list.AddItem("Beta", 5), s.list.SetCurSel(s.list.AddItem("Alpha", 3));
     for (int swatch : { 3, 7 })
     {
@@ -233,27 +243,6 @@ TEST_F(CategoryTest, ListRowsAsDrawnAndAfterASwatchChange)
     }
     EXPECT_EQ(s.list.GetItemSwatchIndex("Alpha") * 10 + s.list.DeleteItem(0) + s.list.GetItemSwatchIndex("Alpha"), 71);
     EXPECT_EQ(std::string(s.list.GetItemText(0)), "Beta");
-}
-
-TEST_F(CategoryTest, AListFromTheTemplateLooksAsACreatedOneAndSortsByStringSort)
-{
-    CDialog dlg(IDD_COLOR_CATEGORIES);
-    CHySwatchListBox list;
-    hytest::DialogDriver driver([&](HWND h) {
-        ASSERT_TRUE(list.AttachToDialogItem(IDC_COLOR_CAT_LIST, CWnd::FromHandle(h)));
-        EXPECT_EQ(list.GetFont()->GetSafeHandle(), HYThemeGetFont(HYFONT_STANDARD)->GetSafeHandle());
-        EXPECT_EQ(list.GetItemHeight(0), ItemHeightInFontOne());
-        for (const char* pair : { "co-op\0coop", "a-b\0ab", "we're\0were" })   // pairs the word sort orders otherwise
-        {
-            const char* second = pair + strlen(pair) + 1;
-            const int string = ::CompareStringA(LOCALE_SYSTEM_DEFAULT, SORT_STRINGSORT, pair, -1, second, -1);
-            ASSERT_NE(::CompareStringA(LOCALE_SYSTEM_DEFAULT, 0, pair, -1, second, -1), string) << pair;
-            list.ResetContent(), list.AddItem(second, 1), list.AddItem(pair, 2);
-            EXPECT_EQ(std::string(list.GetItemText(0)), string == CSTR_LESS_THAN ? pair : second);
-        }
-        ::PostMessage(h, WM_COMMAND, IDCANCEL, 0);
-    });
-    EXPECT_EQ(dlg.DoModal(), IDCANCEL);
 }
 
 TEST_F(CategoryTest, HostSortedListFindsExactlyAndReadsTheSelection)
@@ -306,7 +295,7 @@ TEST_F(CategoryTest, ObjectCountsStayFlat)
             s.swatch.Select(i & 1), s.list.Invalidate(), s.list.UpdateWindow();
         for (int i = 0; i < 100; ++i)
             Churn(s);
-    }, 2);
+    }, 1);
 }
 
 }  // namespace
