@@ -54,7 +54,7 @@ build_bench() {
   cmake --build "$build/native" -j "$jobs" --target bench_calmonth calmonth_driver
   cmake -S "$root" -B "$build/win" -G Ninja -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64.cmake" >/dev/null
-  cmake --build "$build/win" -j "$jobs" --target bench_datepicker bench_cards bench_editlist bench_timefield bench_images bench_tabs bench_categories
+  cmake --build "$build/win" -j "$jobs" --target bench_datepicker bench_cards bench_editlist bench_timefield bench_images bench_tabs bench_categories bench_records
 }
 
 # One wineserver for the whole run, so each suite starts in about a second.
@@ -115,6 +115,8 @@ case "$cmd" in
     "$root/cmake/wine-run.sh" "$build/win/bin/bench_tabs.exe"
     echo "== the swatch list against the system's list view (Wine) =="
     "$root/cmake/wine-run.sh" "$build/win/bin/bench_categories.exe"
+    echo "== the host's record table moving a category's records (Wine) =="
+    "$root/cmake/wine-run.sh" "$build/win/bin/bench_records.exe"
     # 1280 x 800 does not fit the null driver's screen: the X11 driver on a
     # virtual X server of its own, with the X11 prefix and its own wineserver.
     wineserver -k 2>/dev/null || true
