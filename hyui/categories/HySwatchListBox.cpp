@@ -75,7 +75,10 @@ int CHySwatchListBox::AddItem(const char* text, int swatch)
 {
     swatches.SetAt(text, (void*)(INT_PTR)swatch);
     // Without LBS_HASSTRINGS the string is the item's data; sorted by CompareItem.
-    const int position = AddString((LPCTSTR)CopyText(text));
+    char* copy = CopyText(text);
+    const int position = AddString((LPCTSTR)copy);
+    if (position < 0)
+        delete[] copy;   // not added: the list holds no pointer to it
     return position;
 }
 
