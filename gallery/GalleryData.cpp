@@ -1,4 +1,5 @@
 #include "GalleryData.h"
+#include <iterator>
 #include <HyCommonUI.h>
 #include <HyDataFolder.h>
 #include <HySubInfo.h>

@@ -18,6 +18,7 @@
 #include "HyColorCatMenu.h"
 #include "HyColorCatMgmtDlg.h"
 #include "HyColorSwatch.h"
+#include "HyUIRes.h"
 #include "HySwatchListBox.h"
 #include <HyBaseTable.h>
 #include <HyCategoryMgr.h>

@@ -226,6 +226,7 @@ std::vector<MenuItem> ReadMenu(HMENU menu)
 namespace {
 const char kDriverProp[] = "hytest.DialogDriver.prev";
 const char kPendingProp[] = "hytest.DialogDriver.pending";  // initialised, not yet shown
+const char kRecheckProp[] = "hytest.DialogDriver.recheck";  // checked again when re-enabled
 UINT DriveMessage() { static UINT m = RegisterWindowMessageA("hytest.DialogDriver.drive"); return m; }
 UINT CheckMessage() { static UINT m = RegisterWindowMessageA("hytest.DialogDriver.check"); return m; }
 }  // namespace
@@ -280,6 +281,12 @@ LRESULT CALLBACK InterceptAccess::DrivenDialogProc(HWND hwnd, UINT msg, WPARAM w
         return 0;
     }
     if (msg == CheckMessage()) {
+        // A dialog disabled under a modal dialog it opened is looked at
+        // again once that dialog has ended.
+        if (!IsWindowEnabled(hwnd)) {
+            SetPropA(hwnd, kRecheckProp, reinterpret_cast<HANDLE>(1));
+            return 0;
+        }
         // Messages still queued (a WM_CHAR translated from a posted key, a
         // command posted by a handler) may yet end the dialog: look again
         // once they have been handled.
@@ -299,7 +306,10 @@ LRESULT CALLBACK InterceptAccess::DrivenDialogProc(HWND hwnd, UINT msg, WPARAM w
             EndDialog(hwnd, IDCANCEL);
         return 0;
     }
+    if (msg == WM_ENABLE && wParam && RemovePropA(hwnd, kRecheckProp))
+        PostMessageA(hwnd, CheckMessage(), 0, 0);
     if (msg == WM_NCDESTROY) {
+        RemovePropA(hwnd, kRecheckProp);
         SetWindowLongPtrA(hwnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(prev));
         RemovePropA(hwnd, kDriverProp);
         RemovePropA(hwnd, kPendingProp);
