@@ -245,6 +245,13 @@ private:
         CBitmap bits;
         bits.CreateCompatibleBitmap(&dc, kMenuWidth - 6, 20);
         CDCSelect sel(strip, &bits);
+        if (m_menuFont.GetSafeHandle() == nullptr)
+        {
+            NONCLIENTMETRICS metrics = { sizeof metrics };
+            ::SystemParametersInfo(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+            m_menuFont.CreateFontIndirect(&metrics.lfMenuFont);
+        }
+        CDCSelect font(strip, &m_menuFont);   // the font the system gives a menu's items
         for (UINT i = 0; i < m_menu.GetMenuItemCount(); ++i)
         {
             MENUITEMINFO info = { sizeof info, MIIM_DATA | MIIM_ID | MIIM_STATE };
@@ -333,6 +340,7 @@ private:
             combo->SetCurSel(sel);
         }
         FillList();
+        UpdateScrollRange();   // the table grows and shrinks with the categories
         Invalidate();
     }
 
@@ -362,7 +370,10 @@ private:
     int LogTop() const { return DialogsTop() + kHeading + 2 * kButtonHeight + 2 * GalleryStyle::kGap; }
     int LogHeight() const { return GalleryStyle::LineHeight() * kLogLines + 4; }
     int TableTop() const { return LogTop() + LogHeight() + GalleryStyle::kGap; }
-    int PreviewTop() const { return TableTop() + kTableRow * (HYCAT_MAX_COUNT + 1) + GalleryStyle::kMargin; }
+    int PreviewTop() const
+    {
+        return TableTop() + kTableRow * (GalleryCategoryData().memos.GetCount() + 1) + GalleryStyle::kMargin;
+    }
     int PreviewHeight() const
     {
         int h = 0;
@@ -375,6 +386,7 @@ private:
     }
 
     CHyColorCatMenu m_menu;
+    CFont m_menuFont;
     CHyColorCatCombo m_colourCombo, m_plainCombo;
     CHyColorSwatch m_swatches[HY_SWATCH_BUTTONS];
     CHySwatchListBox m_list;
