@@ -449,6 +449,22 @@ TEST(CategoryDialogs, RefuseWithTheirBoxAndChangeNothing)
     }
 }
 
+// A category the manager cannot delete (its file cannot be replaced) keeps
+// its records: nothing is moved into category 0 for a category still there.
+TEST(CategoryDialogs, KeepRecordsWhenTheCategoryCannotBeDeleted)
+{
+    World w;
+    const Files before = w.Snapshot();
+    HANDLE hold = ::CreateFileA(w.manager.GetFilePath(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(INVALID_HANDLE_VALUE, hold);
+    DialogRun run;
+    RunDialog(w, run, { "Business", kDelete, nullptr, 0 }, false);
+    ::CloseHandle(hold);
+    EXPECT_EQ("confirm ", run.nested);
+    EXPECT_TRUE(before == w.Snapshot());
+    EXPECT_EQ("0:Unfiled:2/1 1:Business:3/1 2:Personal:4/2 3:Travel:1/0 ", w.InMemory());
+}
+
 struct SubscriptionCase
 {
     const char* label;
