@@ -21,52 +21,26 @@
 #include "HyColorCatMgmtDlg.h"
 #include "hytest.h"
 #include "hytest_afx.h"
+#include "census/category_census.h"
 
 namespace {
 
 const char* const kComponent = "memo";
 const char* const kUser = "Pat";
-// name, live records, deleted records; index = position.
+// Categories by index with their live and deleted records; the deleted
+// records of 1 and 2 are the undo entries of the last delete.
 struct Seed { const char* name; int live, deleted; };
 const Seed kSeed[] = { { "Unfiled", 2, 1 }, { "Business", 3, 1 }, { "Personal", 4, 2 }, { "Travel", 1, 0 } };
+const char kSeedCensus[] = "0:Unfiled:2/1 1:Business:3/1 2:Personal:4/2 3:Travel:1/0 ";
 
-using Counts = std::map<int, std::pair<int, int>>;   // index -> (live, deleted)
-using Files = std::map<std::string, std::string>;     // path -> bytes
+using Files = std::map<std::string, std::string>;
 
-void ForFiles(const std::string& dir, const std::function<void(const std::string&, bool)>& fn)
-{
-    WIN32_FIND_DATAA fd;
-    HANDLE h = ::FindFirstFileA((dir + "\\*").c_str(), &fd);
-    if (h == INVALID_HANDLE_VALUE) return;
-    do
-    {
-        const std::string name = fd.cFileName, path = dir + "\\" + name;
-        if (name == "." || name == "..") continue;
-        const bool folder = (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        if (folder) ForFiles(path, fn);
-        fn(path, folder);
-    } while (::FindNextFileA(h, &fd));
-    ::FindClose(h);
-}
-
-std::string Slurp(const std::string& path)
-{
-    std::string bytes;
-    if (FILE* f = fopen(path.c_str(), "rb"))
-    {
-        char buf[4096];
-        for (size_t n; (n = fread(buf, 1, sizeof buf, f)) > 0;) bytes.append(buf, n);
-        fclose(f);
-    }
-    return bytes;
-}
-
-// A data folder of its own with the seed categories, records, two undo
-// entries and one subscription category ("Travel").
+// A data folder and a profile of its own with the seed, one subscription
+// category ("Travel") and a view over the table.
 struct World
 {
-    std::string dir;
-    hytest::TempFile profile{ "hycat_profile.ini" };   // category colours stay out of the shared profile
+    hytest::TempFolder dir{ "hycat" };
+    hytest::TempFile profile{ "hycat.ini" };   // category colours stay out of the shared profile
     CCategoryMgr manager;
     CBaseTable table;
     CComponentDoc doc;
@@ -75,36 +49,26 @@ struct World
 
     World()
     {
-        char tmp[MAX_PATH];
-        ::GetTempPathA(MAX_PATH, tmp);
-        static int serial = 0;
-        dir = std::string(tmp) + "hycat" + std::to_string(::GetCurrentProcessId()) + "_" + std::to_string(++serial);
-        ::CreateDirectoryA(dir.c_str(), nullptr);
-        HySetDataFolder(dir.c_str());
+        HySetDataFolder(dir.path());
         HySetProfilePath(profile.path());
         HYThemeResetCategorySwatches();
         EXPECT_EQ(HYCAT_OK, manager.Open(kComponent));
         EXPECT_TRUE(table.Open(kComponent));
-        for (size_t c = 1; c < std::size(kSeed); ++c)
+        for (WORD c = 0; c < std::size(kSeed); ++c)
         {
             CCategory category;
             category.SetName(kSeed[c].name);
-            EXPECT_EQ(HYCAT_OK, manager.Add(category));
+            EXPECT_TRUE(c == 0 || manager.Add(category) == HYCAT_OK);
+            for (int r = 0; r < kSeed[c].live + kSeed[c].deleted; ++r) table.AddRecord(c, "record", FALSE);
         }
-        std::map<DWORD, WORD> doomed;
-        for (WORD c = 0; c < std::size(kSeed); ++c)
-            for (int r = 0; r < kSeed[c].live + kSeed[c].deleted; ++r)
+        CBaseIterator walk(&table);   // the first records of each category are the deleted ones
+        int seen[std::size(kSeed)] = {};
+        for (CBaseRecord* rec = walk.FindFirst(HYREC_WRITE); rec; rec = walk.FindNext(HYREC_WRITE))
+            if (seen[rec->GetCategoryId()]++ < kSeed[rec->GetCategoryId()].deleted)
             {
-                const DWORD id = table.AddRecord(c, "record");
-                if (r < kSeed[c].deleted) doomed[id] = c;
+                rec->MarkDeleted();
+                if (rec->GetCategoryId() != 0) doc.GetUndoObject()->Add(rec->GetId(), rec->GetCategoryId());
             }
-        {
-            CBaseIterator walk(&table);
-            for (CBaseRecord* rec = walk.FindFirst(HYREC_WRITE); rec; rec = walk.FindNext(HYREC_WRITE))
-                if (doomed.count(rec->GetId())) rec->MarkDeleted();
-        }
-        for (auto& [id, c] : doomed)
-            if (c == 1 || c == 2) doc.GetUndoObject()->Add(id, c);
         CSubInfo subs;
         EXPECT_EQ(HYSUB_OK, SubLoadInfo(SubscriptionPath().c_str(), &subs));
         subs.AddCategory("Travel");
@@ -119,8 +83,6 @@ struct World
         HySetDataFolder(nullptr);
         HySetProfilePath(nullptr);
         HYThemeResetCategorySwatches();
-        ForFiles(dir, [](const std::string& p, bool folder) { folder ? ::RemoveDirectoryA(p.c_str()) : ::DeleteFileA(p.c_str()); });
-        ::RemoveDirectoryA(dir.c_str());
     }
 
     std::string SubscriptionPath() const
@@ -138,41 +100,17 @@ struct World
         for (int i = 0; i < subs.GetCount(); ++i) out += std::string(i ? "," : "") + (LPCTSTR)subs.GetCategory(i);
         return out;
     }
-    Files Snapshot() const
-    {
-        Files files;
-        ForFiles(dir, [&](const std::string& p, bool folder) { if (!folder) files[p] = Slurp(p); });
-        return files;
-    }
-    // Per category: "index:name:live/deleted " of this process's manager and table.
-    std::string InMemory()
-    {
-        std::string out;
-        for (WORD i = 0; i < HYCAT_MAX_COUNT; ++i)
-        {
-            CCategory category;
-            const bool named = manager.FindIndex(i, &category) == HYCAT_OK;
-            const int live = table.CountInCategory(i, FALSE), deleted = table.CountInCategory(i, TRUE);
-            if (named || live + deleted > 0)
-                out += std::to_string(i) + ":" + (named ? (LPCTSTR)category.GetName() : "-") + ":" + std::to_string(live) + "/" +
-                       std::to_string(deleted) + " ";
-        }
-        return out;
-    }
+    Files Snapshot() const { return hytest::TreeBytes(dir.path()); }
+    std::string InMemory() { return CategoryCensus(manager, table); }
     // The same from a fresh process reading the files.
     std::string Census() const
     {
-        std::string command = "\"\"" + hytest::ExeFolder() + "\\category_census.exe\" \"" + dir + "\" " + kComponent + "\"";
+        const std::string command = "\"\"" + hytest::ExeFolder() + "\\category_census.exe\" \"" + dir.path() + "\" " + kComponent + "\"";
         std::string out;
         if (FILE* p = _popen(command.c_str(), "r"))
         {
-            char line[128];
-            unsigned index;
-            int live, deleted;
-            char name[64];
-            while (fgets(line, sizeof line, p))
-                if (sscanf(line, "%u %d %d %63s", &index, &live, &deleted, name) == 4)
-                    out += std::to_string(index) + ":" + name + ":" + std::to_string(live) + "/" + std::to_string(deleted) + " ";
+            char buf[512];
+            for (size_t n; (n = fread(buf, 1, sizeof buf, p)) > 0;) out.append(buf, n);
             _pclose(p);
         }
         return out;
@@ -311,44 +249,21 @@ struct Action
 {
     const char* label;
     Step step;
-    int from, to;         // the records of `from` move to `to` (-1: none move)
+    int from, to;         // the records of `from` move to `to`; -1: none move
     bool deletes;         // the live records of `from` are marked deleted
-    const char* names;    // the categories afterwards, "index:name ..."
     UINT question;        // the host string asked, 0 for none
+    const char* census;   // afterwards
 };
 
 const Action kActions[] = {
-    { "delete keeping the records", { "Business", kDelete, nullptr, 0 }, 1, 0, false, "0:Unfiled 2:Personal 3:Travel", 0 },
-    { "delete with the records", { "Business", kDelete, nullptr, 1 }, 1, -1, true, "0:Unfiled 2:Personal 3:Travel", 0 },
-    { "rename onto another name merges", { "Business", kRename, "personal", 0 }, 1, 2, false, "0:Unfiled 2:Personal 3:Travel", IDS_HOST_MERGE },
-    { "plain rename", { "Business", kRename, "Work", 0 }, -1, -1, false, "0:Unfiled 1:Work 2:Personal 3:Travel", 0 },
-    { "same text", { "Business", kRename, "Business", 0 }, -1, -1, false, "0:Unfiled 1:Business 2:Personal 3:Travel", 0 },
-    { "case change only", { "Business", kRename, "BUSINESS", 0 }, -1, -1, false, "0:Unfiled 1:BUSINESS 2:Personal 3:Travel", 0 },
+    { "delete keeping the records", { "Business", kDelete, nullptr, 0 }, 1, 0, false, 0, "0:Unfiled:5/2 2:Personal:4/2 3:Travel:1/0 " },
+    { "delete with the records", { "Business", kDelete, nullptr, 1 }, 1, -1, true, 0, "0:Unfiled:2/1 1:-:0/4 2:Personal:4/2 3:Travel:1/0 " },
+    { "rename onto another name merges", { "Business", kRename, "personal", 0 }, 1, 2, false, IDS_HOST_MERGE,
+      "0:Unfiled:2/1 2:Personal:7/3 3:Travel:1/0 " },
+    { "plain rename", { "Business", kRename, "Work", 0 }, -1, -1, false, 0, "0:Unfiled:2/1 1:Work:3/1 2:Personal:4/2 3:Travel:1/0 " },
+    { "same text", { "Business", kRename, "Business", 0 }, -1, -1, false, 0, kSeedCensus },
+    { "case change only", { "Business", kRename, "BUSINESS", 0 }, -1, -1, false, 0, "0:Unfiled:2/1 1:BUSINESS:3/1 2:Personal:4/2 3:Travel:1/0 " },
 };
-
-// The census expected after an action: "index:name:live/deleted ".
-std::string ExpectedCensus(const Action& a)
-{
-    Counts c;
-    for (int i = 0; i < (int)std::size(kSeed); ++i) c[i] = { kSeed[i].live, kSeed[i].deleted };
-    if (a.to >= 0)
-    {
-        c[a.to].first += c[a.from].first, c[a.to].second += c[a.from].second;
-        c[a.from] = { 0, 0 };
-    }
-    if (a.deletes) c[a.from] = { 0, c[a.from].first + c[a.from].second };
-    std::map<int, std::string> names;
-    unsigned index;
-    char name[32];
-    for (const char* p = a.names; sscanf(p, "%u:%31s", &index, name) == 2; p = strchr(p, ' ') ? strchr(p, ' ') + 1 : "")
-        names[index] = name;
-    std::string out;
-    for (int i = 0; i < HYCAT_MAX_COUNT; ++i)
-        if (names.count(i) || c[i].first + c[i].second > 0)
-            out += std::to_string(i) + ":" + (names.count(i) ? names[i] : "-") + ":" + std::to_string(c[i].first) + "/" +
-                   std::to_string(c[i].second) + " ";
-    return out;
-}
 
 // Only the named category's records move, in memory, in the files a fresh
 // process reads, in the undo entries and in what the view is asked; totals
@@ -369,9 +284,8 @@ TEST(CategoryDialogs, MoveOnlyTheNamedCategorysRecords)
                 if (a.question) run.boxes.Answer(IDYES);
                 RunDialog(w, run, a.step, colour, mode);
 
-                const std::string census = ExpectedCensus(a);
-                EXPECT_EQ(census, w.InMemory());
-                EXPECT_EQ(census, w.Census());
+                EXPECT_EQ(a.census, w.InMemory());
+                EXPECT_EQ(a.census, w.Census());
                 ASSERT_EQ(a.question ? 1 : 0, run.boxes.Count());
                 if (a.question) { EXPECT_EQ(Format(a.question, a.step.typed, a.step.select), run.boxes.Calls()[0].text); }
                 if (a.to < 0 && !a.deletes && strcmp(a.step.typed, a.step.select) == 0) { EXPECT_TRUE(before == w.Snapshot()); }
@@ -462,7 +376,7 @@ TEST(CategoryDialogs, KeepRecordsWhenTheCategoryCannotBeDeleted)
     ::CloseHandle(hold);
     EXPECT_EQ("confirm ", run.nested);
     EXPECT_TRUE(before == w.Snapshot());
-    EXPECT_EQ("0:Unfiled:2/1 1:Business:3/1 2:Personal:4/2 3:Travel:1/0 ", w.InMemory());
+    EXPECT_EQ(kSeedCensus, w.InMemory());
 }
 
 struct SubscriptionCase
@@ -523,9 +437,11 @@ TEST(CategoryDialogs, ReportSubscriptionFailuresAndRenameAnyway)
             subs.AddCategory("Trips");
             SubSaveInfo(&subs);
         }
-        const Files before = w.Snapshot();
-        HANDLE hold = ::CreateFileA(w.SubscriptionPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-        if (failure == IDS_HOST_SUBSCRIPTION_DUP_FAILED) ::CloseHandle(hold), hold = INVALID_HANDLE_VALUE;
+        const std::string before = hytest::FileBytes(w.SubscriptionPath());
+        // The list cannot be replaced while it is held open.
+        HANDLE hold = failure == IDS_HOST_SUBSCRIPTION_UPDATE_FAILED
+                          ? ::CreateFileA(w.SubscriptionPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr)
+                          : INVALID_HANDLE_VALUE;
         DialogRun run;
         RunDialog(w, run, { "Travel", kRename, "Trips", 0 }, false, kTable, HY_VIEW_MEMO);
         if (hold != INVALID_HANDLE_VALUE) ::CloseHandle(hold);
@@ -533,8 +449,7 @@ TEST(CategoryDialogs, ReportSubscriptionFailuresAndRenameAnyway)
         EXPECT_EQ(Format(failure, "Trips", "Travel"), run.boxes.Calls()[1].text);
         EXPECT_EQ((UINT)(MB_OK | MB_ICONHAND), run.boxes.Calls()[1].type);
         EXPECT_EQ("0:Unfiled:2/1 1:Business:3/1 2:Personal:4/2 3:Trips:1/0 ", w.Census());
-        for (auto& [path, bytes] : before)
-            if (path == w.SubscriptionPath()) { EXPECT_TRUE(bytes == Slurp(path)); }
+        EXPECT_TRUE(before == hytest::FileBytes(w.SubscriptionPath()));
     }
 }
 

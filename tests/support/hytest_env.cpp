@@ -90,6 +90,23 @@ TempFolder::TempFolder(const char* name) : m_path(TempFile(name).path())
 
 TempFolder::~TempFolder() { RemoveTree(m_path); }
 
+std::map<std::string, std::string> TreeBytes(const std::string& folder)
+{
+    std::map<std::string, std::string> tree;
+    WIN32_FIND_DATAA found;
+    HANDLE find = ::FindFirstFileA((folder + "\\*").c_str(), &found);
+    for (bool more = find != INVALID_HANDLE_VALUE; more; more = ::FindNextFileA(find, &found))
+    {
+        const std::string name = found.cFileName, full = folder + "\\" + name;
+        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+            tree[full] = FileBytes(full);
+        else if (name != "." && name != "..")
+            tree.merge(TreeBytes(full));
+    }
+    if (find != INVALID_HANDLE_VALUE) ::FindClose(find);
+    return tree;
+}
+
 std::string FileBytes(const std::string& path)
 {
     HANDLE file = ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -83,6 +84,9 @@ private:
 
 // The whole content of a file; empty when it cannot be read.
 std::string FileBytes(const std::string& path);
+// Every file below a folder, subfolders included: path -> bytes. Compare two
+// to prove that nothing was written.
+std::map<std::string, std::string> TreeBytes(const std::string& folder);
 // Writes a file whole (replacing it); false on failure.
 bool WriteFileBytes(const std::string& path, const std::string& bytes);
 

@@ -1,11 +1,9 @@
-// Reads a component's category and record files the way a fresh process
-// does and prints, per category index, the name and the live and deleted
-// record counts: "index live deleted name". The category suite runs it to
+// Reads a component's category and record files as a fresh process does and
+// prints their census (category_census.h). The category suite runs it to
 // prove that what it saw in memory is what reached the files.
-#include <HyBaseTable.h>
-#include <HyCategoryMgr.h>
 #include <HyDataFolder.h>
 #include <stdio.h>
+#include "category_census.h"
 
 int main(int argc, char** argv)
 {
@@ -14,13 +12,6 @@ int main(int argc, char** argv)
     CCategoryMgr manager;
     CBaseTable table;
     if (manager.Open(argv[2]) != HYCAT_OK || !table.Open(argv[2])) return 1;
-    for (WORD index = 0; index < HYCAT_MAX_COUNT; ++index)
-    {
-        CCategory category;
-        const bool named = manager.FindIndex(index, &category) == HYCAT_OK;
-        const int live = table.CountInCategory(index, FALSE), deleted = table.CountInCategory(index, TRUE);
-        if (named || live + deleted > 0)
-            printf("%u %d %d %s\n", index, live, deleted, named ? (LPCTSTR)category.GetName() : "-");
-    }
+    fputs(CategoryCensus(manager, table).c_str(), stdout);
     return 0;
 }
