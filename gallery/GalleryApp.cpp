@@ -6,8 +6,8 @@
 // --png DIR   write one PNG a page into DIR, print their paths, exit
 // --out DIR   the same when there is no display (DISPLAY unset or empty);
 //             with a display the gallery is interactive
-// --data DIR  keep the gallery's categories and records in DIR (interactive);
-//             the PNG mode always starts from fresh sample data
+// --data DIR  keep the gallery's categories and records in DIR; without it
+//             the PNG mode starts from fresh sample data
 // --list      print the pages' file names (their slugs), one a line, exit
 //
 // The library picks its language module when HyUI.dll is attached, before
@@ -310,7 +310,7 @@ BOOL CGalleryApp::InitInstance()
 
     // A regular framework module adds its own chain entry for the library.
     InitHyUIDLL();
-    GallerySetDataFolder(pngMode ? CString() : GalleryWindowsPath(options.dataDir), pngMode);
+    GallerySetDataFolder(GalleryWindowsPath(options.dataDir), pngMode && options.dataDir.IsEmpty());
 
     if (pngMode)
     {
