@@ -306,151 +306,100 @@ TEST(CategoryDialogs, MoveOnlyTheNamedCategorysRecords)
             }
 }
 
-struct Refusal
+enum Setup { kPlain, kFull, kHoldCategories, kHoldSubscriptions, kTripsListed };
+
+struct BoxCase
 {
     const char* label;
     Step step;
-    int extra;             // categories added first (12 fills all sixteen)
-    UINT text;             // host string of the box
-    bool quoted;           // the text is 'typed' and then the string
-    UINT caption;          // host string of the caption, 0: not checked
+    Setup setup;           // kFull: sixteen categories; kHold...: that file cannot be replaced
+    UINT view;             // HY_VIEW_MEMO: the user's subscriptions count
+    int boxes;
+    UINT text;             // host string of the last box (0: none)
+    UINT caption;          // host string of its caption, 0: not checked
     UINT type;
-    int answer;            // the box's answer, 0: confirmed
+    int answer;            // the first box's answer, 0: confirmed
     const char* nested;
+    const char* subscriptions;   // the list afterwards; nullptr: no file may change at all
 };
 
-const Refusal kRefusals[] = {
-    { "delete with nothing selected", { nullptr, kDelete, nullptr, 0 }, 0, IDS_HOST_SELECT_TO_DELETE, false, 0, MB_OK, 0, "" },
-    { "rename with nothing selected", { nullptr, kRename, nullptr, 0 }, 0, IDS_HOST_SELECT_TO_RENAME, false, 0, MB_OK, 0, "" },
-    { "a sixteenth category, before any name is asked", { nullptr, kNew, "Extra", 0 }, 12, IDS_HOST_TOO_MANY, false,
-      IDS_HOST_CATEGORIES, MB_ICONEXCLAMATION, 0, "" },
-    { "a name of blanks", { nullptr, kNew, "   ", 0 }, 0, IDS_HOST_NAME_EMPTY, false, IDS_HOST_CATEGORIES, MB_ICONEXCLAMATION, 0, "name " },
-    { "a name taken, ignoring case", { nullptr, kNew, "business", 0 }, 0, IDS_HOST_NAME_TAKEN, true, IDS_HOST_NAME_TAKEN_CAPTION,
-      MB_ICONEXCLAMATION, 0, "name " },
-    { "a merge answered No", { "Business", kRename, "Personal", 0 }, 0, IDS_HOST_MERGE, false, 0, MB_YESNO, IDNO, "name " },
-    { "a cancelled name", { "Business", kRename, nullptr, 0 }, 0, 0, false, 0, 0, 0, "name " },
-    { "a cancelled delete", { "Business", kDelete, nullptr, -1 }, 0, 0, false, 0, 0, 0, "confirm " },
+const BoxCase kBoxCases[] = {
+    { "delete with nothing selected", { nullptr, kDelete, nullptr, 0 }, kPlain, 0, 1, IDS_HOST_SELECT_TO_DELETE, 0, MB_OK, 0, "", nullptr },
+    { "rename with nothing selected", { nullptr, kRename, nullptr, 0 }, kPlain, 0, 1, IDS_HOST_SELECT_TO_RENAME, 0, MB_OK, 0, "", nullptr },
+    { "a sixteenth category, before any name is asked", { nullptr, kNew, "Extra", 0 }, kFull, 0, 1, IDS_HOST_TOO_MANY,
+      IDS_HOST_CATEGORIES, MB_ICONEXCLAMATION, 0, "", nullptr },
+    { "a name of blanks", { nullptr, kNew, "   ", 0 }, kPlain, 0, 1, IDS_HOST_NAME_EMPTY, IDS_HOST_CATEGORIES, MB_ICONEXCLAMATION, 0,
+      "name ", nullptr },
+    { "a name taken, ignoring case", { nullptr, kNew, "business", 0 }, kPlain, 0, 1, IDS_HOST_NAME_TAKEN, IDS_HOST_NAME_TAKEN_CAPTION,
+      MB_ICONEXCLAMATION, 0, "name ", nullptr },
+    { "a merge answered No", { "Business", kRename, "Personal", 0 }, kPlain, 0, 1, IDS_HOST_MERGE, 0, MB_YESNO, IDNO, "name ", nullptr },
+    { "a cancelled name", { "Business", kRename, nullptr, 0 }, kPlain, 0, 0, 0, 0, 0, 0, "name ", nullptr },
+    { "a cancelled delete", { "Business", kDelete, nullptr, -1 }, kPlain, 0, 0, 0, 0, 0, 0, "confirm ", nullptr },
+    { "a category the manager cannot delete keeps its records", { "Business", kDelete, nullptr, 0 }, kHoldCategories, 0, 0, 0, 0, 0, 0,
+      "confirm ", nullptr },
+    { "deleting a subscribed category", { "Travel", kDelete, nullptr, 0 }, kPlain, HY_VIEW_MEMO, 0, 0, 0, 0, 0, "confirm+note ", "" },
+    { "deleting another", { "Business", kDelete, nullptr, 0 }, kPlain, HY_VIEW_MEMO, 0, 0, 0, 0, 0, "confirm ", "Travel" },
+    { "renaming a subscribed category", { "Travel", kRename, "Trips", 0 }, kPlain, HY_VIEW_MEMO, 1, IDS_HOST_RENAME_SUBSCRIPTION, 0,
+      MB_OKCANCEL | MB_ICONEXCLAMATION, 0, "name ", "Trips" },
+    { "merging into a subscribed category", { "Business", kRename, "Travel", 0 }, kPlain, HY_VIEW_MEMO, 1,
+      IDS_HOST_MERGE_INTO_SUBSCRIPTION, 0, MB_YESNO, 0, "name ", "Travel" },
+    { "merging a subscribed category", { "Travel", kRename, "Business", 0 }, kPlain, HY_VIEW_MEMO, 1, IDS_HOST_MERGE_FROM_SUBSCRIPTION,
+      0, MB_YESNO, 0, "name ", "" },
+    // A failure is reported with the stop icon; the rename still happens and the list keeps every byte.
+    { "a new name listed already", { "Travel", kRename, "Trips", 0 }, kTripsListed, HY_VIEW_MEMO, 2, IDS_HOST_SUBSCRIPTION_DUP_FAILED, 0,
+      MB_ICONHAND, 0, "name ", "Travel,Trips" },
+    { "a list that cannot be written", { "Travel", kRename, "Trips", 0 }, kHoldSubscriptions, HY_VIEW_MEMO, 2,
+      IDS_HOST_SUBSCRIPTION_UPDATE_FAILED, 0, MB_ICONHAND, 0, "name ", "Travel" },
 };
 
-// Refused or cancelled actions show their box and change no byte of any file.
-TEST(CategoryDialogs, RefuseWithTheirBoxAndChangeNothing)
-{
-    for (const Refusal& r : kRefusals)
-    {
-        SCOPED_TRACE(r.label);
-        World w;
-        for (int i = 0; i < r.extra; ++i)
-        {
-            CCategory c;
-            c.SetName(("Extra " + std::to_string(i)).c_str());
-            ASSERT_EQ(HYCAT_OK, w.manager.Add(c));
-        }
-        const Files before = w.Snapshot();
-        DialogRun run;
-        if (r.answer) run.boxes.Answer(r.answer);
-        RunDialog(w, run, r.step, false);
-        EXPECT_EQ(r.nested, run.nested);
-        EXPECT_TRUE(before == w.Snapshot());
-        ASSERT_EQ(r.text ? 1 : 0, run.boxes.Count());
-        if (!r.text) continue;
-        const hytest::MessageBoxCall& box = run.boxes.Calls()[0];
-        const std::string text = r.quoted ? "'" + std::string(r.step.typed) + "'" + (LPCTSTR)Host(r.text)
-                                          : Format(r.text, r.step.typed, r.step.select);
-        EXPECT_EQ(text, box.text);
-        if (r.caption) { EXPECT_EQ((LPCTSTR)Host(r.caption), box.caption); }
-        EXPECT_EQ(r.type, box.type);
-        if (r.step.typed && r.text == IDS_HOST_NAME_EMPTY) { EXPECT_EQ(run.nameEdit, run.focusAfterName); }
-    }
-}
-
-// A category the manager cannot delete (its file cannot be replaced) keeps
-// its records: nothing is moved into category 0 for a category still there.
-TEST(CategoryDialogs, KeepRecordsWhenTheCategoryCannotBeDeleted)
-{
-    World w;
-    const Files before = w.Snapshot();
-    HANDLE hold = ::CreateFileA(w.manager.GetFilePath(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(INVALID_HANDLE_VALUE, hold);
-    DialogRun run;
-    RunDialog(w, run, { "Business", kDelete, nullptr, 0 }, false);
-    ::CloseHandle(hold);
-    EXPECT_EQ("confirm ", run.nested);
-    EXPECT_TRUE(before == w.Snapshot());
-    EXPECT_EQ(kSeedCensus, w.InMemory());
-}
-
-struct SubscriptionCase
-{
-    const char* label;
-    Step step;
-    UINT question;         // 0: none
-    UINT type;
-    const char* subscriptions;   // the file's entries afterwards
-    const char* nested;
-};
-
-const SubscriptionCase kSubscriptionCases[] = {
-    { "deleting a subscribed category", { "Travel", kDelete, nullptr, 0 }, 0, 0, "", "confirm+note " },
-    { "deleting another", { "Business", kDelete, nullptr, 0 }, 0, 0, "Travel", "confirm " },
-    { "renaming a subscribed category", { "Travel", kRename, "Trips", 0 }, IDS_HOST_RENAME_SUBSCRIPTION, MB_OKCANCEL | MB_ICONEXCLAMATION,
-      "Trips", "name " },
-    { "merging into a subscribed category", { "Business", kRename, "Travel", 0 }, IDS_HOST_MERGE_INTO_SUBSCRIPTION, MB_YESNO,
-      "Travel", "name " },
-    { "merging a subscribed category", { "Travel", kRename, "Business", 0 }, IDS_HOST_MERGE_FROM_SUBSCRIPTION, MB_YESNO, "",
-      "name " },
-};
-
-// The subscription list follows deletes, renames and merges in its file; the
-// confirmation shows its notice only for a subscribed category, 30 pixels taller.
-TEST(CategoryDialogs, KeepTheSubscriptionListInStep)
+// What a person is shown and what reaches the files: refusals and cancels
+// change no byte; the subscription list follows deletes, renames and merges;
+// the delete confirmation shows its notice only for a subscribed category.
+TEST(CategoryDialogs, ShowTheirBoxesAndKeepTheFilesInStep)
 {
     std::map<std::string, int> heights;
-    for (const SubscriptionCase& c : kSubscriptionCases)
+    for (const BoxCase& c : kBoxCases)
     {
         SCOPED_TRACE(c.label);
         World w;
-        DialogRun run;
-        RunDialog(w, run, c.step, false, kTable, HY_VIEW_MEMO);
-        EXPECT_EQ(c.nested, run.nested);
-        heights[run.nested] = run.confirmHeight;
-        EXPECT_EQ(c.subscriptions, w.Subscriptions());
-        ASSERT_EQ(c.question ? 1 : 0, run.boxes.Count());
-        if (!c.question) continue;
-        EXPECT_EQ(Format(c.question, c.step.typed, c.step.select), run.boxes.Calls()[0].text);
-        EXPECT_EQ(c.type, run.boxes.Calls()[0].type);
-    }
-    EXPECT_EQ(HY_DELETE_NOTE_BAND, heights["confirm+note "] - heights["confirm "]);
-}
-
-// A subscription list that cannot be written, or a new name already listed,
-// is reported with the stop icon; the rename still happens and the file keeps
-// every byte.
-TEST(CategoryDialogs, ReportSubscriptionFailuresAndRenameAnyway)
-{
-    for (UINT failure : { IDS_HOST_SUBSCRIPTION_DUP_FAILED, IDS_HOST_SUBSCRIPTION_UPDATE_FAILED })
-    {
-        World w;
-        if (failure == IDS_HOST_SUBSCRIPTION_DUP_FAILED)
+        for (int i = 0; c.setup == kFull && i < 12; ++i)
+        {
+            CCategory extra;
+            extra.SetName(("Extra " + std::to_string(i)).c_str());
+            ASSERT_EQ(HYCAT_OK, w.manager.Add(extra));
+        }
+        if (c.setup == kTripsListed)
         {
             CSubInfo subs;
             SubLoadInfo(w.SubscriptionPath().c_str(), &subs);
             subs.AddCategory("Trips");
             SubSaveInfo(&subs);
         }
-        const std::string before = hytest::FileBytes(w.SubscriptionPath());
-        // The list cannot be replaced while it is held open.
-        HANDLE hold = failure == IDS_HOST_SUBSCRIPTION_UPDATE_FAILED
-                          ? ::CreateFileA(w.SubscriptionPath().c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr)
+        const Files before = w.Snapshot();
+        const std::string held = c.setup == kHoldCategories ? (LPCTSTR)w.manager.GetFilePath() : w.SubscriptionPath();
+        HANDLE hold = c.setup == kHoldCategories || c.setup == kHoldSubscriptions
+                          ? ::CreateFileA(held.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr)
                           : INVALID_HANDLE_VALUE;
         DialogRun run;
-        RunDialog(w, run, { "Travel", kRename, "Trips", 0 }, false, kTable, HY_VIEW_MEMO);
+        if (c.answer) run.boxes.Answer(c.answer);
+        RunDialog(w, run, c.step, false, kTable, c.view);
         if (hold != INVALID_HANDLE_VALUE) ::CloseHandle(hold);
-        ASSERT_EQ(2, run.boxes.Count());
-        EXPECT_EQ(Format(failure, "Trips", "Travel"), run.boxes.Calls()[1].text);
-        EXPECT_EQ((UINT)(MB_OK | MB_ICONHAND), run.boxes.Calls()[1].type);
-        EXPECT_EQ("0:Unfiled:2/1 1:Business:3/1 2:Personal:4/2 3:Trips:1/0 ", w.Census());
-        EXPECT_TRUE(before == hytest::FileBytes(w.SubscriptionPath()));
+        EXPECT_EQ(c.nested, run.nested);
+        heights[run.nested] = run.confirmHeight;
+        if (c.boxes == 2) { EXPECT_NE(std::string::npos, w.Census().find("3:Trips:1/0")); }
+        if (c.subscriptions) { EXPECT_EQ(c.subscriptions, w.Subscriptions()); }
+        else { EXPECT_TRUE(before == w.Snapshot()); }
+        ASSERT_EQ(c.boxes, run.boxes.Count());
+        if (!c.boxes) continue;
+        const hytest::MessageBoxCall& box = run.boxes.Calls().back();
+        const std::string text = c.text == IDS_HOST_NAME_TAKEN ? "'" + std::string(c.step.typed) + "'" + (LPCTSTR)Host(c.text)
+                                                               : Format(c.text, c.step.typed, c.step.select);
+        EXPECT_EQ(text, box.text);
+        if (c.caption) { EXPECT_EQ((LPCTSTR)Host(c.caption), box.caption); }
+        EXPECT_EQ(c.type, box.type);
+        if (c.text == IDS_HOST_NAME_EMPTY) { EXPECT_EQ(run.nameEdit, run.focusAfterName); }
     }
+    EXPECT_EQ(HY_DELETE_NOTE_BAND, heights["confirm+note "] - heights["confirm "]);
 }
 
 struct ColourCase
