@@ -4,7 +4,6 @@
 #include <HyDataFolder.h>
 #include <HySubInfo.h>
 #include <HyBaseDialog.h>
-#include <HyTheme.h>
 #include "HyCatDlgRes.h"
 
 namespace {
@@ -106,8 +105,7 @@ void GallerySetDataFolder(const CString& dir, bool fresh)
     HySetDataFolder(folder);
     // The category colours live beside the data, so galleries that share
     // the data share them too.
-    HySetProfilePath(folder + _T("\\HyHost.ini"));
-    HYThemeResetCategorySwatches();
+    HySetProfilePath(folder + _T("\\HyHost.ini"));   // read afresh, never reset: it keeps what a person chose
 }
 
 void GalleryOpenCategoryData()

@@ -73,7 +73,6 @@ public:
         m_dlg.m_listCategories.GetText(pos, text);
         return text;
     }
-    int Count() const override { return m_dlg.m_listCategories.GetCount(); }
     int Add(const CString& name) override { return m_dlg.m_listCategories.AddString(name); }
     void Remove(int pos) override { m_dlg.m_listCategories.DeleteString(pos); }
     void Rename(int pos, const CString& name) override
@@ -130,19 +129,19 @@ BOOL CHyUICatMgmtDlg::OnInitDialog()
 void CHyUICatMgmtDlg::OnBtnNew()
 {
     SortListAccess list(*this);
-    hy::CategoryNew({ this, m_pCategoryMgr, &m_strUserName, m_nViewID, &list });
+    hy::CategoryNew(hy::ContextOf(*this, list));
 }
 
 void CHyUICatMgmtDlg::OnBtnDelete()
 {
     SortListAccess list(*this);
-    hy::CategoryDelete({ this, m_pCategoryMgr, &m_strUserName, m_nViewID, &list });
+    hy::CategoryDelete(hy::ContextOf(*this, list));
 }
 
 void CHyUICatMgmtDlg::OnBtnRename()
 {
     SortListAccess list(*this);
-    hy::CategoryRename({ this, m_pCategoryMgr, &m_strUserName, m_nViewID, &list });
+    hy::CategoryRename(hy::ContextOf(*this, list));
 }
 
 void CHyUICatMgmtDlg::ReplaceCategoryID(WORD wOld, WORD wNew, int nFlag)
@@ -158,6 +157,6 @@ void CHyUICatMgmtDlg::DeleteAllInCategory(WORD wCategory)
 void CHyUICatMgmtDlg::OnOK()
 {
     SortListAccess list(*this);
-    m_wSelectedCatID = hy::SelectedCategoryId({ this, m_pCategoryMgr, &m_strUserName, m_nViewID, &list });
+    m_wSelectedCatID = hy::SelectedCategoryId(hy::ContextOf(*this, list));
     EndDialog(IDOK);
 }

@@ -19,7 +19,6 @@ class CategoryListAccess
 public:
     virtual int Selected() const = 0;                 // LB_ERR when none
     virtual CString Text(int pos) const = 0;
-    virtual int Count() const = 0;
     virtual int Add(const CString& name) = 0;         // a new category; answers its position
     virtual void Remove(int pos) = 0;
     virtual void Rename(int pos, const CString& name) = 0;   // keeps the item selected
@@ -41,6 +40,12 @@ struct CategoryDialogContext
     UINT viewId;
     CategoryListAccess* list;
 };
+
+// The context of one of the category dialogs (their members share names).
+template <class Dialog> CategoryDialogContext ContextOf(Dialog& dialog, CategoryListAccess& list)
+{
+    return { &dialog, dialog.m_pCategoryMgr, &dialog.m_strUserName, dialog.m_nViewID, &list };
+}
 
 // The caption from host string 285 and the caption name.
 CString CategoryDialogCaption(const CString& captionName);

@@ -13,11 +13,11 @@ const int g_hySwatchOrder[HY_SWATCH_BUTTONS] = { 4, 11, 16, 1, 10, 6, 13, 8, 7, 
 
 namespace {
 
+// The list keeps no strings: each item's data is its text.
 const char* ItemText(const CHySwatchListBox& list, int pos)
 {
-    // The list keeps no strings: each item's data is its text.
-    DWORD_PTR data = list.GetItemData(pos);
-    return data == static_cast<DWORD_PTR>(LB_ERR) ? "" : reinterpret_cast<const char*>(data);
+    const char* text = list.GetItemText(pos);
+    return text != nullptr ? text : "";
 }
 
 class SwatchListAccess final : public hy::CategoryListAccess
@@ -26,13 +26,12 @@ public:
     explicit SwatchListAccess(CHyUIColorCatMgmtDlg& dlg) : m_dlg(dlg) {}
     int Selected() const override { return m_dlg.m_listCategories.GetCurSel(); }
     CString Text(int pos) const override { return CString(ItemText(m_dlg.m_listCategories, pos)); }
-    int Count() const override { return m_dlg.m_listCategories.GetCount(); }
     int Add(const CString& name) override
     {
         // A new category gets the first free colour of 1..15, never 16.
         int used[HY_SWATCH_BUTTONS + 1];
         int count = 0;
-        for (int i = 0; i < Count() && count < HY_SWATCH_BUTTONS + 1; ++i)
+        for (int i = 0; i < m_dlg.m_listCategories.GetCount() && count < HY_SWATCH_BUTTONS + 1; ++i)
             used[count++] = m_dlg.m_listCategories.GetItemSwatchIndex(ItemText(m_dlg.m_listCategories, i));
         return m_dlg.m_listCategories.AddItem(name, hy::NewCategorySwatch(used, count));
     }
@@ -140,19 +139,19 @@ void CHyUIColorCatMgmtDlg::OnBtnSwatch(UINT nID)
 void CHyUIColorCatMgmtDlg::OnBtnNew()
 {
     SwatchListAccess list(*this);
-    hy::CategoryNew({ this, m_pCategoryMgr, &m_strUserName, m_nViewID, &list });
+    hy::CategoryNew(hy::ContextOf(*this, list));
 }
 
 void CHyUIColorCatMgmtDlg::OnBtnDelete()
 {
     SwatchListAccess list(*this);
-    hy::CategoryDelete({ this, m_pCategoryMgr, &m_strUserName, m_nViewID, &list });
+    hy::CategoryDelete(hy::ContextOf(*this, list));
 }
 
 void CHyUIColorCatMgmtDlg::OnBtnRename()
 {
     SwatchListAccess list(*this);
-    hy::CategoryRename({ this, m_pCategoryMgr, &m_strUserName, m_nViewID, &list });
+    hy::CategoryRename(hy::ContextOf(*this, list));
 }
 
 void CHyUIColorCatMgmtDlg::ReplaceCategoryID(WORD wOld, WORD wNew, int nFlag)
@@ -176,6 +175,6 @@ void CHyUIColorCatMgmtDlg::OnOK()
             HYThemeSetCategorySwatch(category.GetIndex(), m_listCategories.GetItemSwatchIndex(name));
     }
     SwatchListAccess list(*this);
-    m_wSelectedCatID = hy::SelectedCategoryId({ this, m_pCategoryMgr, &m_strUserName, m_nViewID, &list });
+    m_wSelectedCatID = hy::SelectedCategoryId(hy::ContextOf(*this, list));
     EndDialog(IDOK);
 }
