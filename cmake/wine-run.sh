@@ -27,4 +27,22 @@ if [ "$(cat "$WINEPREFIX/.hy-driver" 2>/dev/null)" != "$driver" ]; then
   wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "$driver" /f >/dev/null 2>&1
   echo "$driver" > "$WINEPREFIX/.hy-driver"
 fi
-exec wine "$prog" "$@"
+# The program writes into files that are shown as they grow, never straight
+# into the caller's pipe: the services a wineserver starts with its first
+# program inherit that program's output and outlive it (after a server
+# crash, for ever), and would keep a caller such as CTest waiting on the pipe.
+out=$(mktemp "${TMPDIR:-/tmp}/hy-wine-run.XXXXXX")
+err=$out.err
+: >"$err"
+wine "$prog" "$@" <&0 >"$out" 2>"$err" &
+pid=$!
+trap 'kill "$pid" 2>/dev/null' TERM INT HUP
+tail -s 0.1 -n +1 -f --pid="$pid" "$out" &
+tail_out=$!
+tail -s 0.1 -n +1 -f --pid="$pid" "$err" >&2 &
+tail_err=$!
+rc=0
+wait "$pid" || rc=$?
+wait "$tail_out" "$tail_err" || true
+rm -f "$out" "$err"
+exit "$rc"

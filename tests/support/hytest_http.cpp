@@ -1,7 +1,7 @@
-#include "hytest_http.h"
-
-#include <winsock2.h>
+#include <winsock2.h>   // before anything that brings in windows.h
 #include <ws2tcpip.h>
+
+#include "hytest_http.h"
 
 #include <atomic>
 #include <mutex>
@@ -234,41 +234,22 @@ ProxySetting::~ProxySetting()
 
 // ---- handles and debug output ---------------------------------------------
 
-namespace {
-// The system's handle list (SystemHandleInformation, class 16): a count, then
-// one 24-byte entry a handle whose first field is the owning process id.
-struct SystemHandleEntry
-{
-    ULONG ownerPid;
-    BYTE objectType, flags;
-    USHORT handle;
-    void* object;
-    ACCESS_MASK access;
-};
-using QuerySystemInformation = LONG(WINAPI*)(ULONG, void*, ULONG, ULONG*);
-}  // namespace
-
+// Asks this process's own handle table about each handle value in turn.
+// Wine 8 answers 0 to GetProcessHandleCount, and its system-wide handle list
+// (SystemHandleInformation) is no way out: its server crashes when that list
+// is read while another process is starting, and every program of the run
+// then ends at once with exit code 0. Handle values are multiples of 4 and a
+// new handle takes the lowest free slot, so the walk ends 256 slots past the
+// highest handle this process has been seen holding.
 long KernelHandleCount()
 {
-    DWORD count = 0;
-    if (::GetProcessHandleCount(::GetCurrentProcess(), &count) && count != 0)
-        return (long)count;
-    // Wine answers 0 there; its system handle list is complete.
-    auto query = (QuerySystemInformation)(void*)::GetProcAddress(::GetModuleHandleA("ntdll.dll"),
-                                                                  "NtQuerySystemInformation");
-    std::vector<BYTE> buffer(1 << 16);
-    ULONG needed = 0;
-    LONG status;
-    while (query != nullptr && (status = query(16, buffer.data(), (ULONG)buffer.size(), &needed)) == (LONG)0xC0000004)
-        buffer.resize(buffer.size() * 2);
-    if (query == nullptr || status != 0)
-        return -1;
-    const ULONG_PTR entries = *(const ULONG_PTR*)buffer.data();
-    const SystemHandleEntry* e = (const SystemHandleEntry*)(buffer.data() + sizeof(ULONG_PTR));
-    long mine = 0;
-    for (ULONG_PTR i = 0; i < entries; ++i)
-        mine += e[i].ownerPid == ::GetCurrentProcessId();
-    return mine;
+    static ULONG_PTR highest = 0;
+    long count = 0;
+    DWORD flags;
+    for (ULONG_PTR value = 4; value <= highest + 256 * 4; value += 4)
+        if (::GetHandleInformation((HANDLE)value, &flags))
+            ++count, highest = value > highest ? value : highest;
+    return count;
 }
 
 namespace {
