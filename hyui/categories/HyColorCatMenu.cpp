@@ -1,6 +1,7 @@
 #include "HyColorCatMenu.h"
 
 #include "HyCategoryIds.h"
+#include "HyCategoryItemDraw.h"
 #include "HyTheme.h"
 
 CHyCategoryData::CHyCategoryData() : checked(0), colour(0xFFFF) {}
@@ -84,12 +85,7 @@ void CHyColorCatMenu::DrawItem(LPDRAWITEMSTRUCT lpDIS)
     CDC* pDC = CDC::FromHandle(lpDIS->hDC);
     CDCSaveState saved(*pDC);
     const CRect item = lpDIS->rcItem;
-    COLORREF text = ::GetSysColor(COLOR_MENUTEXT), back = ::GetSysColor(COLOR_MENU);
-    if ((lpDIS->itemState & ODS_SELECTED) != 0)
-        text = ~text & 0xFFFFFF, back = ::GetSysColor(COLOR_HIGHLIGHT);
-    pDC->FillSolidRect(&item, back);
-    if ((lpDIS->itemState & ODS_FOCUS) != 0)
-        pDC->DrawFocusRect(&item);
+    const COLORREF text = hy::DrawCategoryItemBack(pDC, *lpDIS, COLOR_MENUTEXT, COLOR_MENU);
     if (record == nullptr)
         return;
     if (record->checked)
@@ -99,22 +95,10 @@ void CHyColorCatMenu::DrawItem(LPDRAWITEMSTRUCT lpDIS)
     // Absolute x on purpose: menu items start at x = 0.
     CRect swatch(HYCATMENU_SWATCH_LEFT, top, HYCATMENU_SWATCH_RIGHT, top + HYCAT_SWATCH_HEIGHT);
     if (lpDIS->itemID != (UINT)-1)
-    {
-        // Disabled text takes colour 19 (the inactive caption's text), deliberately.
-        pDC->SetTextColor((lpDIS->itemState & ODS_DISABLED) != 0 ? ::GetSysColor(COLOR_INACTIVECAPTIONTEXT) : text);
-        pDC->SetBkMode(TRANSPARENT);
-        pDC->TextOut(wantColor ? HYCATMENU_TEXT_X : HYCATMENU_TEXT_X_PLAIN, item.top + HYCATMENU_TEXT_DY, record->text);
-    }
+        hy::DrawCategoryItemText(pDC, *lpDIS, text, wantColor ? HYCATMENU_TEXT_X : HYCATMENU_TEXT_X_PLAIN,
+                                 item.top + HYCATMENU_TEXT_DY, record->text);
     if (wantColor)
-    {
-        pDC->SelectStockObject(BLACK_PEN);
-        pDC->SelectStockObject(BLACK_BRUSH);
-        swatch.InflateRect(1, 1);
-        pDC->Draw3dRect(&swatch, HYThemeShiftColor(record->colour, HYCAT_EDGE_SHIFT),
-                        HYThemeShiftColor(record->colour, -HYCAT_EDGE_SHIFT));
-        swatch.DeflateRect(1, 1);
-        pDC->FillSolidRect(&swatch, record->colour);
-    }
+        hy::DrawCategorySwatch(pDC, swatch, record->colour);
 }
 
 void CHyColorCatMenu::DrawCheckMark(CDC* pDC, int x, int y, COLORREF colour, BOOL thin)
