@@ -130,6 +130,14 @@ private:
     BOOL m_subscription;
 };
 
+// The selected row, or -1 after telling the person to select one first.
+int SelectedOrRefuse(const CategoryDialogContext& ctx, UINT refusal)
+{
+    const int sel = ctx.list->Selected();
+    if (sel < 0) AfxMessageBox(HostString(refusal), MB_OK);
+    return sel;
+}
+
 }  // namespace
 
 CString CategoryDialogCaption(const CString& captionName)
@@ -165,12 +173,8 @@ void CategoryNew(const CategoryDialogContext& ctx)
 
 void CategoryDelete(const CategoryDialogContext& ctx)
 {
-    const int sel = ctx.list->Selected();
-    if (sel < 0)
-    {
-        AfxMessageBox(HostString(IDS_HOST_SELECT_TO_DELETE), MB_OK);
-        return;
-    }
+    const int sel = SelectedOrRefuse(ctx, IDS_HOST_SELECT_TO_DELETE);
+    if (sel < 0) return;
     const CString name = ctx.list->Text(sel);
     Subscriptions subscriptions(ctx);
     const BOOL subscribed = subscriptions.Has(name);
@@ -193,12 +197,8 @@ void CategoryDelete(const CategoryDialogContext& ctx)
 
 void CategoryRename(const CategoryDialogContext& ctx)
 {
-    const int sel = ctx.list->Selected();
-    if (sel < 0)
-    {
-        AfxMessageBox(HostString(IDS_HOST_SELECT_TO_RENAME), MB_OK);
-        return;
-    }
+    const int sel = SelectedOrRefuse(ctx, IDS_HOST_SELECT_TO_RENAME);
+    if (sel < 0) return;
     const CString oldName = ctx.list->Text(sel);
     Subscriptions subscriptions(ctx);
     const BOOL oldSubscribed = subscriptions.Has(oldName);
